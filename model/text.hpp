@@ -1,0 +1,39 @@
+#pragma once
+// Which bytes of a text are graphic, as the locale says, and small helpers on texts.
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace brindle {
+
+// Sets LC_CTYPE from the environment, or to C.UTF-8 when the environment sets nothing; numbers stay in the C
+// locale. Every program calls it first.
+void set_text_locale();
+
+// How bytes above 126 are read: as UTF-8, by the 8-bit locale's isgraph, or as blanks (the C locale).
+enum class TextMode { utf8, eight_bit, ascii };
+TextMode text_mode();
+// Overrides the locale's mode (for tests).
+void set_text_mode(TextMode mode);
+
+// The number of bytes (1 to 4) of the graphic character that begins at p, before end; 0 if the byte at p is a
+// blank. In a UTF-8 locale a well-formed multi-byte graphic character is graphic and any stray byte is a
+// blank.
+std::size_t graphic_length(const char *p, const char *end);
+
+// True once graphic_length has met a byte above 126 in the C locale since the last call; the reader warns
+// then.
+bool take_high_byte_warning();
+
+// Every space of the text becomes '_'.
+void space2underscore(std::string &text);
+
+// True if `text` occurs in `string`.
+bool substr(std::string_view text, std::string_view string);
+
+// A copy of the string in which every occurrence of the needle, found left to right without overlap, is
+// replaced. An empty needle gives the string as it is.
+std::string sub_string_replace(std::string_view string, std::string_view needle,
+                               std::string_view replacement);
+
+}  // namespace brindle
