@@ -13,6 +13,7 @@ Pool<ParentRecord> parent_records;
 // The two places that record a node's mother context: its category's link to its tag and, for a terminal, its
 // word's link to both.
 struct Places {
+    LabelEntry *category;
     LabelLink *link;
     LexLink *lexlink;  // null: the node has no word
 };
@@ -20,7 +21,7 @@ struct Places {
 Places places_of(const Node *node) {
     LabelEntry *syn = category_entry(node);
     LabelEntry *sem = tag_entry(node);
-    const Places places{search_link(syn, sem),
+    const Places places{syn, search_link(syn, sem),
                         node->lex ? search_lexlink(word_entry(node), syn, sem) : nullptr};
     if (!places.link || (node->lex && !places.lexlink)) fault_in_hashtable();
     return places;
@@ -38,6 +39,13 @@ void release_all(Parents &parents) {
         next = p->next;
         parent_records.release(p);
     }
+}
+
+// Counts a checked node of the category more or less in the context, once anybody has asked for these counts.
+void count_context(LabelEntry *category, const Context &context, int change) {
+    if (!category->contexts) return;
+    const auto [place, is_new] = category->contexts->try_emplace(context, change);
+    if (!is_new && (place.value() += change) == 0) category->contexts->erase(place);
 }
 
 // One more or one less checked occurrence, by TREE_CHECKED.
@@ -60,12 +68,19 @@ void clear_all(Entry *entry, Pool<Link> &pool) {
     entry->links.drop_index();
 }
 
+void drop_contexts(LabelEntry *entry) {
+    delete entry->contexts;
+    entry->contexts = nullptr;
+}
+void drop_contexts(LexEntry *) {}
+
 template <class Table>
 void drop_indexes(Table &entries) {
     for (auto &bucket : entries)
         for (auto *e = bucket.first; e; e = e->next) {
             for (auto *l = e->links.first(); l; l = l->next) l->parents.drop_index();
             e->links.drop_index();
+            drop_contexts(e);
         }
 }
 
@@ -102,6 +117,7 @@ void parent(Node *node) {
     const Context context = context_of(node);
     if (places.lexlink) places.lexlink->parents.count_one_more(context, TREE_CHECKED, parent_records);
     places.link->parents.count_one_more(context, TREE_CHECKED, parent_records);
+    if (TREE_CHECKED) count_context(places.category, context, 1);
 }
 
 void delete_parent(Node *node) {
@@ -110,6 +126,7 @@ void delete_parent(Node *node) {
     const Context context = context_of(node);
     if (places.lexlink) withdraw(places.lexlink->parents, context);
     withdraw(places.link->parents, context);
+    if (TREE_CHECKED) count_context(places.category, context, -1);
 }
 
 LabelLink *search_link(const LabelEntry *a, LabelEntry *b) {
@@ -126,6 +143,16 @@ ParentRecord *search_parent(const LabelLink *link, const Context &context) {
 
 ParentRecord *search_lexparent(const LexLink *link, const Context &context) {
     return link->parents.find(context);
+}
+
+bool occurs_in(LabelEntry *category, const Context &context) {
+    if (!category->contexts) {
+        category->contexts = new CategoryContexts;
+        for (const LabelLink *l = category->links.first(); l; l = l->next)
+            for (const ParentRecord *r = l->parents.first(); r && r->checked_count > 0; r = r->next)
+                (*category->contexts)[r->key()] += r->checked_count;
+    }
+    return category->contexts->contains(context);
 }
 
 void delete_link(LabelEntry *a, LabelEntry *b) {
@@ -167,6 +194,7 @@ void adjust_checked_amount(Node *node) {
         const Context context = context_of(node);
         if (wordlink) adjust(wordlink->parents, search_lexparent(wordlink, context));
         adjust(link->parents, search_parent(link, context));
+        count_context(c, context, change);
     }
     t->checked_count += change;
     c->checked_count += change;
@@ -174,6 +202,7 @@ void adjust_checked_amount(Node *node) {
 
 void clear_links(LabelEntry *entry) {
     clear_all(entry, label_links);
+    drop_contexts(entry);
 }
 
 void clear_links(LexEntry *entry) {

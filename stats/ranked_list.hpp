@@ -58,6 +58,9 @@ class RankedList {
     void raise(T *element);
     void lower(T *element);
 
+    // True once the list has grown so long that look-ups go through an index.
+    bool is_indexed() const { return index_ != nullptr; }
+
     // Frees what the list holds beside its elements; the elements are the pool's.
     void drop_index() {
         delete index_;

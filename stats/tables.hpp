@@ -21,7 +21,8 @@ struct LabelEntry {
     LabelKind kind = LabelKind::SEM;
     LabelEntry *next = nullptr;  // in the bucket's chain
     LabelEntry *prev = nullptr;
-    LabelLinks links;  // of a category: the tags it occurs with; of a tag: the categories
+    LabelLinks links;                      // of a category: the tags it occurs with; of a tag: the categories
+    CategoryContexts *contexts = nullptr;  // of a category, once occurs_in has been asked about it
 };
 
 // An entry of `lex_table`: a word.

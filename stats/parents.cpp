@@ -1,0 +1,91 @@
+#include "stats/parents.hpp"
+
+#include <algorithm>
+
+namespace brindle {
+namespace {
+
+using Tag = PathTags::Tag;
+
+std::vector<Tag>::iterator place_of(PathTags &path, const LabelEntry *sem) {
+    return std::find_if(path.tags.begin(), path.tags.end(), [sem](const Tag &tag) { return tag.sem == sem; });
+}
+
+// The tags stay in the order of their records: what rises becomes the last of the next higher group of
+// equals, what falls the first of the next lower one.
+void raise_in(PathTags &path, LabelEntry *sem) {
+    ++path.total;
+    auto tag = place_of(path, sem);
+    if (tag == path.tags.end()) {
+        path.tags.push_back({sem, 1});
+        return;
+    }
+    const auto first_equal = std::partition_point(
+        path.tags.begin(), tag, [tag](const Tag &t) { return t.checked_count > tag->checked_count; });
+    std::rotate(first_equal, tag, tag + 1);
+    ++first_equal->checked_count;
+}
+
+void lower_in(PathTags &path, LabelEntry *sem) {
+    --path.total;
+    const auto tag = place_of(path, sem);
+    const auto past_equals = std::partition_point(
+        tag, path.tags.end(), [tag](const Tag &t) { return t.checked_count >= tag->checked_count; });
+    std::rotate(tag, tag + 1, past_equals);
+    if (--(past_equals - 1)->checked_count == 0) path.tags.pop_back();
+}
+
+}  // namespace
+
+void Parents::count_one_more(const Context &context, bool checked, Pool<ParentRecord> &pool) {
+    list_.count_one_more(context, checked, pool);
+    if (checked && paths_) raise_in((*paths_)[context.path()], context.sem);
+}
+
+void Parents::count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool) {
+    if (checked && paths_) lower_in((*paths_)[record->key().path()], record->sem);
+    list_.count_one_less(record, checked, pool);
+}
+
+void Parents::raise(ParentRecord *record) {
+    list_.raise(record);
+    if (paths_) raise_in((*paths_)[record->key().path()], record->sem);
+}
+
+void Parents::lower(ParentRecord *record) {
+    list_.lower(record);
+    if (paths_) lower_in((*paths_)[record->key().path()], record->sem);
+}
+
+void Parents::drop_index() {
+    list_.drop_index();
+    delete paths_;
+    paths_ = nullptr;
+}
+
+void Parents::build_paths() {
+    paths_ = new Paths;
+    for (const ParentRecord *r = first(); r && r->checked_count > 0; r = r->next) {
+        PathTags &path = (*paths_)[r->key().path()];
+        path.tags.push_back({r->sem, r->checked_count});
+        path.total += r->checked_count;
+    }
+}
+
+const PathTags &Parents::tags_of(const Path &path, PathTags &room) {
+    room.tags.clear();
+    room.total = 0;
+    if (list_.is_indexed()) {
+        if (!paths_) build_paths();
+        const auto found = paths_->find(path);
+        return found == paths_->end() ? room : found->second;
+    }
+    for (const ParentRecord *r = first(); r && r->checked_count > 0; r = r->next) {
+        if (!(r->key().path() == path)) continue;
+        room.tags.push_back({r->sem, r->checked_count});
+        room.total += r->checked_count;
+    }
+    return room;
+}
+
+}  // namespace brindle

@@ -1,0 +1,110 @@
+#pragma once
+// Mother contexts: the ranked list that hangs on a link, and the two indexes of it that the proposal asks.
+#include <cstdint>
+#include <vector>
+
+#include <tsl/robin_map.h>
+
+#include "stats/ranked_list.hpp"
+
+namespace brindle {
+
+struct LabelEntry;
+
+// Mixes a number or a reference into a running hash.
+inline std::size_t mix_hash(std::size_t h, std::size_t value) {
+    h = (h ^ value) * 0x9e3779b97f4a7c15u;
+    return h ^ (h >> 29);
+}
+inline std::size_t mix_hash(std::size_t h, const void *reference) {
+    return mix_hash(h, reinterpret_cast<std::uintptr_t>(reference) >> 4);
+}
+
+// A place under some mother of a category, whatever the mother's tag.
+struct Path {
+    LabelEntry *syn;          // the mother's category (NONTERM)
+    std::int32_t dtr_nr;      // 1-based position among the daughters
+    std::int32_t nr_of_dtrs;  // number of the mother's daughters
+    bool operator==(const Path &) const = default;
+    std::size_t hash() const {
+        const auto place = static_cast<std::size_t>(dtr_nr) << 32 | static_cast<std::uint32_t>(nr_of_dtrs);
+        return mix_hash(mix_hash(0, syn), place);
+    }
+};
+
+// A mother context: under which mother, and where among its daughters.
+struct Context {
+    LabelEntry *syn;          // the mother's category (NONTERM)
+    LabelEntry *sem;          // the mother's tag
+    std::int32_t dtr_nr;      // 1-based position among the daughters
+    std::int32_t nr_of_dtrs;  // number of the mother's daughters
+    bool operator==(const Context &) const = default;
+    Path path() const { return {syn, dtr_nr, nr_of_dtrs}; }
+    std::size_t hash() const { return mix_hash(path().hash(), sem); }
+};
+
+struct HashOf {
+    template <class T>
+    std::size_t operator()(const T &key) const {
+        return key.hash();
+    }
+};
+
+// How often a (category, tag) pair or a (word, category, tag) triple occurs in one mother context.
+struct ParentRecord {
+    LabelEntry *syn = nullptr;
+    LabelEntry *sem = nullptr;
+    std::int32_t dtr_nr = 0;
+    std::int32_t nr_of_dtrs = 0;
+    std::int32_t count = 0;
+    std::int32_t checked_count = 0;
+    ParentRecord *next = nullptr;
+    ParentRecord *prev = nullptr;
+
+    using Key = Context;
+    Key key() const { return {syn, sem, dtr_nr, nr_of_dtrs}; }
+    void set_key(const Key &k) { syn = k.syn, sem = k.sem, dtr_nr = k.dtr_nr, nr_of_dtrs = k.nr_of_dtrs; }
+    static std::size_t hash(const Key &k) { return k.hash(); }
+};
+
+// The mothers' tags that one path occurs with in checked trees, in the order of their records in the list.
+struct PathTags {
+    struct Tag {
+        LabelEntry *sem;
+        std::int32_t checked_count;  // at least 1
+    };
+    std::vector<Tag> tags;
+    std::int32_t total = 0;  // the sum of their checked counts
+};
+
+// The ranked list of mother contexts of one link. A long one can be asked for one path at the cost of that
+// path alone: the first such question builds an index, which every later change keeps.
+class Parents {
+  public:
+    // As in RankedList.
+    ParentRecord *first() const { return list_.first(); }
+    ParentRecord *find(const Context &context) const { return list_.find(context); }
+    void count_one_more(const Context &context, bool checked, Pool<ParentRecord> &pool);
+    void count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool);
+    void raise(ParentRecord *record);
+    void lower(ParentRecord *record);
+
+    // Frees what the list holds beside its records.
+    void drop_index();
+
+    // What the path occurs with in checked trees: `room`, filled, or a part of the index, good until the next
+    // change.
+    const PathTags &tags_of(const Path &path, PathTags &room);
+
+  private:
+    using Paths = tsl::robin_map<Path, PathTags, HashOf>;
+    void build_paths();
+
+    RankedList<ParentRecord> list_;
+    Paths *paths_ = nullptr;
+};
+
+// How often the nodes of one category occur in each mother context in checked trees, whatever their tags.
+using CategoryContexts = tsl::robin_map<Context, std::int32_t, HashOf>;
+
+}  // namespace brindle
