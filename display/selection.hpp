@@ -1,0 +1,16 @@
+#pragma once
+// What a click on a node selects, worked out without a window.
+#include "model/node.hpp"
+
+namespace brindle {
+
+// Sets, clears the node's `selected` flag; both return 1.
+int do_select(Node *node);
+int do_unselect(Node *node);
+
+// The SELECT click on a node. What it does depends on whether the node, its mother and its first daughter are
+// selected: repeated clicks on a node whose mother is unselected give the node alone, the node with its
+// subtree, nothing. Nothing is drawn.
+void select_click(Node *node);
+
+}  // namespace brindle
