@@ -1,0 +1,16 @@
+#include "commands/install.hpp"
+
+#include "commands/subjects.hpp"
+
+namespace brindle {
+
+void install_commands() {
+    install_navigation(commands);
+    install_checking(commands);
+    install_quitting(commands);
+    install_node_menu(commands);
+    install_preferences(commands);
+    install_tree_sizes(commands);
+}
+
+}  // namespace brindle

@@ -1,0 +1,112 @@
+#include "gui/dialogs.hpp"
+
+#include <algorithm>
+
+#include "display/layout.hpp"
+#include "gui/drawing.hpp"
+#include "model/forest.hpp"
+
+namespace brindle {
+
+namespace {
+
+tk::NoticeSpec ok_notice(tk::NoticePlace place, std::string_view message, bool silent) {
+    tk::NoticeSpec spec;
+    spec.place = place;
+    spec.message = {std::string(message)};
+    spec.buttons = {{"Ok", 1}};
+    spec.silent = silent;
+    return spec;
+}
+
+// Where the view has to start so that `at` is in it: where it is if it does already, else such that `at` is
+// in its middle. Within the canvas in any case.
+int start_with(int at, const tk::Scrollbar &bar) {
+    const int length = bar.view_length();
+    int start = bar.view_start();
+    if (at <= start || at >= start + length) start = at - length / 2;
+    return std::max(0, std::min(start, bar.object_length() - length));
+}
+
+}  // namespace
+
+void prompt(tk::Notice &notice, std::string_view message, bool silent) {
+    notice.spec = ok_notice(notice.spec.place, message, silent);
+    notice.show();
+}
+
+void prompt_at_panel(tk::Panel &panel, std::string_view message, bool silent) {
+    tk::notice_prompt(ok_notice(tk::place_on(panel), message, silent));
+}
+
+void prompt_at_node(const Node *node, std::string_view message, TreeWindow &tw, bool silent) {
+    notice_at_node(node, ok_notice({}, message, silent), tw);
+}
+
+int notice_at_node(const Node *node, tk::NoticeSpec spec, TreeWindow &tw) {
+    check_active_GUI(tw);
+    const tk::Point at{node->x, get_node_y(node, tw)};
+    make_visible(at.x, at.y, tw);
+    spec.place = tk::place_at(*tw.canvas, at);
+    return tk::notice_prompt(spec);
+}
+
+void check_active_GUI(TreeWindow &tw) {
+    if (layout_owner != &tw) lay_out_current_tree(tw);
+}
+
+void tree_GUI_repaint(TreeWindow &tw) {
+    layout_owner = nullptr;
+    for (const auto &other : tree_windows())
+        if (other->canvas && other->tree_number == tw.tree_number) other->canvas->redraw();
+}
+
+void show_nr(int tree, TreeWindow &tw) {
+    tw.tree_number = tree;
+    if (tw.previous_button) tw.previous_button->set_inactive(tree <= 0);
+    if (tw.next_button) tw.next_button->set_inactive(tree >= amount - 1);
+    if (tw.tree_slider) tw.tree_slider->set_value(tree + 1);
+    tree_GUI_repaint(tw);
+    tw.hscrollbar->set_view_start(0);
+    tw.vscrollbar->set_view_start(0);
+}
+
+void make_visible(int x, int y, TreeWindow &tw) {
+    tw.frame->show();
+    check_active_GUI(tw);
+    tw.hscrollbar->set_view_start(start_with(x, *tw.hscrollbar));
+    tw.vscrollbar->set_view_start(start_with(y, *tw.vscrollbar));
+    tw.canvas->redraw();
+}
+
+void show_foot(tk::Frame &frame, std::string_view text) {
+    frame.set_footer(text);
+}
+
+void all_frames_busy(tk::Frame &main_frame, bool busy) {
+    main_frame.set_busy(busy);
+    for (const auto &frame : main_frame.subframes()) {
+        frame->set_busy(busy);
+        for (const auto &subframe : frame->subframes()) subframe->set_busy(busy);
+    }
+}
+
+void position_frame_from_menu(tk::Frame &frame, const tk::Menu &menu, TreeWindow &) {
+    frame.show_at(menu.last_screen_position());
+}
+
+void position_frame_from_button(tk::Frame &frame, const tk::Item &button, TreeWindow &) {
+    const tk::Box box = button.screen_box();
+    frame.show_at({box.x, box.y + box.h});
+}
+
+void position_frame_from_batchbox_button(tk::Frame &frame, const tk::Item &button, TreeWindow &) {
+    const tk::Box box = button.screen_box();
+    frame.show_at({box.x + box.w, box.y});
+}
+
+void text_ok_function(tk::Button &button) {
+    handler_of(button)(window_of(button), *text_field_of(button));
+}
+
+}  // namespace brindle
