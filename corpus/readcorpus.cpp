@@ -1,0 +1,86 @@
+// Reading a whole corpus file, both passes.
+#include <unistd.h>
+
+#include <sys/stat.h>
+#include <cerrno>
+
+#include <fmt/printf.h>
+
+#include "corpus/readtrees.hpp"
+#include "model/error.hpp"
+#include "model/input_file.hpp"
+#include "model/text.hpp"
+#include "stats/tables.hpp"
+
+namespace brindle {
+namespace {
+
+// The progress line on standard error; shown only for corpora whose reading takes a while, and only on a
+// terminal.
+class ReadingProgress {
+  public:
+    ReadingProgress(const std::string &name, std::size_t bytes)
+        : name_(name), shows_(!name.empty() && bytes > (4u << 20) && isatty(STDERR_FILENO)) {}
+    ~ReadingProgress() {
+        if (shows_) fmt::print(stderr, "\r\033[K");
+    }
+    void show(int tree) const {
+        if (shows_ && tree % 4096 == 0)
+            fmt::print(stderr, "\rReading {}: {} of {} trees", name_, tree, amount);
+    }
+
+  private:
+    const std::string &name_;
+    bool shows_;
+};
+
+void warn_of_high_bytes() {
+    if (take_high_byte_warning())
+        fmt::print(
+            stderr,
+            "Warning: the corpus holds characters that this locale does not know; they are read as blanks.\n"
+            "Set LC_CTYPE to a locale that knows them, for example C.UTF-8.\n");
+}
+
+}  // namespace
+
+void read_forest(std::string_view text, const std::string &name) {
+    amount = trees(text);
+    forest.clear();
+    forest.resize(static_cast<std::size_t>(amount));
+    tables_init();
+    const ReadingProgress progress(name, text.size());
+    TreeReader reader(text);
+    for (int t = 0; t < amount; ++t) {
+        TreeEntry &tree = forest[static_cast<std::size_t>(t)];
+        if (!reader.eat_until_open(tree.checked)) {
+            amount = t;
+            forest.resize(static_cast<std::size_t>(t));
+            break;
+        }
+        const TreeCheckedScope scope(tree);
+        tree.root = reader.read_tree();
+        register_root(tree.root, t);
+        progress.show(t);
+    }
+    warn_of_high_bytes();
+}
+
+void readcorpus(const std::string &name) {
+    struct stat status = {};
+    if (stat(name.c_str(), &status) != 0) system_error_exit(name);
+    const InputFile file(name);
+    if (!file.ok() && errno == EISDIR) {
+        fmt::print(stderr, "\nCannot open {}; is a directory\n", name);
+        std::exit(EXIT_FAILURE);
+    }
+    if (!file.ok()) error(fmt::sprintf("can't open %s ...", name));
+    CORPUS_MOD_TIME = file.modified();
+    try {
+        read_forest(file.text(), name);
+    } catch (const FormatError &fault) {
+        error(fault.message);
+    }
+}
+
+}  // namespace brindle

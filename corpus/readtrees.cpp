@@ -1,0 +1,263 @@
+#include "corpus/readtrees.hpp"
+
+#include <cstring>
+
+#include <fmt/printf.h>
+
+#include "corpus/characters.hpp"
+#include "model/limits.hpp"
+#include "model/text.hpp"
+#include "model/traversal.hpp"
+#include "stats/links.hpp"
+
+namespace brindle {
+
+int lines = 1;
+
+namespace {
+
+template <class... Values>
+[[noreturn]] void fail(const char *format, Values... values) {
+    throw FormatError{fmt::sprintf(format, values...)};
+}
+
+// Bytes of the graphic character at p; 0 for a blank.
+std::size_t graphic_at(const char *p, const char *end) {
+    const CharClass c = class_of(*p);
+    return c == BLANK ? 0 : c == HIGH ? graphic_length(p, end) : 1;
+}
+
+// The end of the line at p: behind its newline, or the end of the text.
+const char *past_line(const char *p, const char *end) {
+    const void *newline = std::memchr(p, '\n', static_cast<std::size_t>(end - p));
+    return newline ? static_cast<const char *>(newline) + 1 : end;
+}
+
+bool is_comment_line(const char *p, const char *end) {
+    for (; p != end && *p != '\n'; ++p) {
+        const CharClass c = class_of(*p);
+        if (c == OPEN || c == CLOSE || *p == '*') return false;
+        if (graphic_at(p, end)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+int trees(std::string_view text) {
+    const char *const end = text.data() + text.size();
+    int count = 0, depth = 0, start_line = 1;
+    bool at_line_start = true;
+    lines = 1;
+    for (const char *p = text.data(); p != end;) {
+        if (at_line_start && depth == 0 && is_comment_line(p, end)) {
+            p = past_line(p, end);
+            if (p[-1] == '\n') ++lines;
+            continue;
+        }
+        const char c = *p++;
+        at_line_start = c == '\n';
+        if (c == '\n') {
+            ++lines;
+        } else if (c == '(') {
+            if (depth++ == 0) start_line = lines;
+        } else if (c == ')') {
+            if (--depth == 0) ++count;
+            if (depth < 0)
+                fail("Unmatched '%c', somewhere between line %d and line %d", ')', start_line, lines);
+        }
+    }
+    if (depth != 0) fail("Unmatched '%c' in tree nr %d, starting at line %d", '(', count + 1, start_line);
+    return count;
+}
+
+bool TreeReader::eat_until_open(bool &checked) {
+    checked = false;
+    while (p_ != end_) {
+        if (*p_ == '(') return ++p_, true;
+        if (*p_ == '*') {
+            checked = true;
+            ++p_;
+        } else if (*p_ == '\n') {
+            ++lines;
+            ++p_;
+        } else if (graphic_at(p_, end_)) {
+            p_ = past_line(p_, end_);
+            if (p_[-1] == '\n') ++lines;
+        } else {
+            ++p_;
+        }
+    }
+    return false;
+}
+
+void TreeReader::skip_blanks() {
+    for (; p_ != end_ && !graphic_at(p_, end_); ++p_)
+        if (*p_ == '\n') ++lines;
+    if (p_ == end_) fail("Unexpected end of file");
+}
+
+// Collects a label; the character that ends it stays in the input. `too_long` is the message for one of more
+// than `most` bytes.
+std::string_view TreeReader::label(Mode mode, const char *too_long, std::size_t most) {
+    const char *const start = p_;
+    int nesting = 0;
+    for (; p_ != end_; ++p_) {
+        switch (class_of(*p_)) {
+            case GRAPHIC:
+                continue;
+            case HIGH:
+                if (const std::size_t length = graphic_length(p_, end_)) {
+                    p_ += length - 1;
+                    continue;
+                }
+                break;
+            case OPEN:
+                if (mode == Mode::tag) {
+                    ++nesting;
+                    continue;
+                }
+                if (p_ == start) fail("Unexpected '%c' in line %d", '(', lines);
+                break;
+            case CLOSE:
+                if (nesting > 0) {
+                    --nesting;
+                    continue;
+                }
+                break;
+            case BAR:
+                if (mode == Mode::tag) continue;
+                break;
+            case SLASH:
+                if (mode == Mode::word) continue;
+                break;
+            case BLANK:
+                break;
+        }
+        break;
+    }
+    const std::string_view text(start, static_cast<std::size_t>(p_ - start));
+    if (p_ == end_) fail("Unexpected end of file on line %d", lines);
+    if (nesting > 0) fail("Unmatched '%c' in semantic tag, line %d", '(', lines);
+    if (text.empty())
+        fail(mode == Mode::word  ? "Lexical item expected in line %d"
+             : mode == Mode::tag ? "Semantic tag expected in line %d"
+                                 : "Empty node encountered in line %d",
+             lines);
+    if (text.size() > most) fail(too_long, lines);
+    return text;
+}
+
+// The category of a bracketed node is read in category mode, that of a bare one in the mode that its own
+// first character names (the character then belongs to it).
+std::string_view TreeReader::category(bool bracketed) {
+    Mode mode = Mode::category;
+    if (bracketed)
+        skip_blanks();
+    else if (*p_ == START_SEM_TAG)
+        mode = Mode::tag;
+    else if (*p_ == START_LEX_TAG)
+        mode = Mode::word;
+    return label(mode, "Syntactic category too long, line %d", MAXSYN - 1);
+}
+
+// Reads the node's tag and word. Result: the node is complete (else its daughters follow). `closes_mother` is
+// set when the ")" that ended a bare node closes its mother too.
+bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother) {
+    while (true) {
+        if (p_ == end_) fail("Unexpected end of file");
+        const char c = *p_;
+        if (c == START_SEM_TAG) {
+            ++p_;
+            if (node->sem) fail("Two semantic tags on one node, line %d", lines);
+            node->sem = intern(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1));
+        } else if (c == START_LEX_TAG) {
+            ++p_;
+            if (node->lex) fail("Two lexical items on one node, line %d", lines);
+            node->lex = intern(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1));
+        } else if (c == ')') {
+            ++p_;
+            closes_mother = !bracketed;
+            return true;
+        } else if (c == '(') {
+            return !bracketed;
+        } else {
+            if (c == '\n') ++lines;
+            ++p_;
+            return !bracketed;
+        }
+    }
+}
+
+namespace {
+
+// Stores a node whose daughters have all been stored.
+void complete(Node *node) {
+    store(node->syn, node->sem, node->lex, node);
+}
+
+// A new node behind `left` under `mother`; null `left`: the first daughter.
+Node *add_daughter(Node *mother, Node *left) {
+    if (mother->lex) fail("Lexical item on a node with daughters, line %d", lines);
+    Node *node = new_node();
+    node->mother = mother;
+    (left ? left->sister : mother->dtrs) = node;
+    node->position = ++mother->nr_of_dtrs;
+    return node;
+}
+
+// Frees what has been read of a tree with a format error. Its nodes may be stored: the whole corpus is given
+// up then.
+struct Unfinished {
+    Node *root;
+    ~Unfinished() {
+        if (root) do_with(root, release_node);
+    }
+};
+
+}  // namespace
+
+Node *TreeReader::read_tree() {
+    Unfinished unfinished{new_node()};
+    Node *const root = unfinished.root;
+    Node *mother = nullptr;  // of the node that is read next
+    Node *left = nullptr;    // its left sister
+    bool finished = false;
+    // A node is complete: goes on with its next sister, or ends with the root.
+    const auto close = [&](Node *node) {
+        complete(node);
+        finished = node == root;
+        mother = node->mother;
+        left = node;
+    };
+    while (!finished) {
+        skip_blanks();
+        if (*p_ == ')') {
+            if (!mother) fail("Empty node encountered in line %d", lines);
+            ++p_;
+            close(mother);
+            continue;
+        }
+        Node *node = mother ? add_daughter(mother, left) : root;
+        const bool bracketed = *p_ == '(';
+        if (bracketed) ++p_;
+        node->syn = intern(category(bracketed));
+        bool closes_mother = false;
+        if (!annotations(node, bracketed, closes_mother)) {
+            mother = node;
+            left = nullptr;
+            continue;
+        }
+        close(node);
+        if (closes_mother && mother) close(mother);
+    }
+    do_with(root, parent);
+    unfinished.root = nullptr;
+    return root;
+}
+
+void readtree(TreeEntry &entry, std::string_view text) {
+    entry.root = TreeReader(text).read_tree();
+}
+
+}  // namespace brindle

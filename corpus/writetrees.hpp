@@ -1,0 +1,30 @@
+#pragma once
+// The writers of the corpus format, appending to a text. The reader (readtrees.hpp) reads what they write.
+#include <string>
+
+#include "model/forest.hpp"
+
+namespace brindle {
+
+// "\ntree #<number>\n".
+void tree_number(int number, std::string &out);
+
+// The node and its right sisters as bracketings, from that level of indentation on.
+void write_tree(const Node *node, std::string &out, int level);
+
+// One tree of a saved corpus: its mark if it is checked, its bracketing, its word graph.
+void write_tree_entry(const TreeEntry &tree, std::string &out);
+
+// The words of the tree, each followed by a blank, and a newline.
+void write_the_words(const Node *root, std::string &out);
+
+// Something that takes the text of a corpus piece by piece; false: it cannot be written, stop.
+struct TextSink {
+    virtual ~TextSink() = default;
+    virtual bool write(std::string_view piece) = 0;
+};
+
+// The whole corpus in the native format. False as soon as the sink fails.
+bool save_corpus(TextSink &sink);
+
+}  // namespace brindle
