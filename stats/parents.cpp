@@ -72,6 +72,21 @@ void Parents::build_paths() {
     }
 }
 
+const char *Parents::fault() const {
+    if (const char *fault = list_.fault()) return fault;
+    if (!paths_) return nullptr;
+    Parents fresh;
+    fresh.list_ = list_;
+    fresh.build_paths();
+    bool same = paths_->size() >= fresh.paths_->size();
+    for (const auto &[path, tags] : *paths_) {
+        const auto found = fresh.paths_->find(path);
+        same = same && (found == fresh.paths_->end() ? tags == PathTags() : tags == found->second);
+    }
+    delete fresh.paths_;
+    return same ? nullptr : "the index of paths differs from the list";
+}
+
 const PathTags &Parents::tags_of(const Path &path, PathTags &room) {
     room.tags.clear();
     room.total = 0;

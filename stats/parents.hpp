@@ -72,9 +72,11 @@ struct PathTags {
     struct Tag {
         LabelEntry *sem;
         std::int32_t checked_count;  // at least 1
+        bool operator==(const Tag &) const = default;
     };
     std::vector<Tag> tags;
     std::int32_t total = 0;  // the sum of their checked counts
+    bool operator==(const PathTags &) const = default;
 };
 
 // The ranked list of mother contexts of one link. A long one can be asked for one path at the cost of that
@@ -88,6 +90,9 @@ class Parents {
     void count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool);
     void raise(ParentRecord *record);
     void lower(ParentRecord *record);
+
+    // As in RankedList, and whether the index of paths agrees with the list.
+    const char *fault() const;
 
     // Frees what the list holds beside its records.
     void drop_index();

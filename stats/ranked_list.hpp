@@ -61,6 +61,9 @@ class RankedList {
     // True once the list has grown so long that look-ups go through an index.
     bool is_indexed() const { return index_ != nullptr; }
 
+    // What is wrong with the order, the links back or the index; null: nothing. For verify_tables.
+    const char *fault() const;
+
     // Frees what the list holds beside its elements; the elements are the pool's.
     void drop_index() {
         delete index_;
@@ -214,6 +217,31 @@ void RankedList<T>::remove(T *element) {
     }
     unlink(element);
     if (!first_) drop_index();
+}
+
+template <class T>
+const char *RankedList<T>::fault() const {
+    const T *before = nullptr;
+    std::size_t length = 0, groups = 0;
+    for (const T *e = first_; e; before = e, e = e->next, ++length) {
+        if (e->prev != before) return "links back are broken";
+        if (before && before->checked_count < e->checked_count) return "not ranked by checked_count";
+        if (e->count < 1 || e->checked_count < 0) return "impossible count";
+        const bool leads = !before || before->checked_count != e->checked_count;
+        groups += leads;
+        if (!index_) continue;
+        if (find(e->key()) != e) return "the index misses an element";
+        const auto group = index_->groups.find(e->checked_count);
+        if (group == index_->groups.end()) return "the index misses a group of equals";
+        if (leads && group->second.first != e) return "a group of equals begins elsewhere";
+        const bool ends = !e->next || e->next->checked_count != e->checked_count;
+        if (ends && group->second.last != e) return "a group of equals ends elsewhere";
+    }
+    if (!index_) return nullptr;
+    if (index_->last != before) return "the index has another end of the list";
+    if (index_->by_key.size() != length) return "the index has elements that are not in the list";
+    if (index_->groups.size() != groups) return "the index has groups that are not in the list";
+    return nullptr;
 }
 
 }  // namespace brindle
