@@ -39,7 +39,7 @@ TEST(new_label, a_tagged_node_keeps_its_tag_twice_until_it_is_saved) {
 }
 
 TEST(new_label, changes_both_counts_in_a_checked_tree_only) {
-    Corpus c("* ( (S NN|a/cats) ) ( (S NN|a/cats) )");
+    Corpus c("* ( (S NN|a/cats) )\n( (S NN|a/cats) )");
     c.tag("1", "b", 0);
     c.tag("1", "c", 1);
     reset_edits();
@@ -147,7 +147,7 @@ TEST(undo, clear_changes_only_what_has_a_tag) {
 }
 
 TEST(set_checked, moves_every_count_of_the_tree_and_back) {
-    Corpus c("( (S (NP|x NN/cats) (NP NN/cats)) ) * ( (S (NP NN/cats)) )");
+    Corpus c("( (S (NP|x NN/cats) (NP NN/cats)) )\n* ( (S (NP NN/cats)) )");
     const auto state = [] {
         return entries(LabelKind::SEM) + " / " + links(nonterm("NP")) + " / " + links(word("cats")) + " / " +
                contexts(term("NN")->links.first()->parents);

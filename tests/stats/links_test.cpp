@@ -19,13 +19,13 @@ TEST(links, a_category_lists_its_tags_as_they_first_occurred_and_each_tag_its_ca
 }
 
 TEST(links, what_occurs_in_checked_trees_comes_first) {
-    Corpus c("( (S NN/cats NN/cats) ) * ( (S NN|thing/cats) )");
+    Corpus c("( (S NN/cats NN/cats) )\n* ( (S NN|thing/cats) )");
     EXPECT_EQ(links(term("NN")), "thing:1(1) -:2(0)");
     EXPECT_EQ(links(word("cats")), "NN|thing:1(1) NN|-:2(0)");
 }
 
 TEST(links, elements_checked_equally_often_keep_their_places_whatever_their_counts) {
-    Corpus c("* ( (S A|x/w A|y/w A|z/w) ) ( (S A|z/w A|z/w A|y/w) )");
+    Corpus c("* ( (S A|x/w A|y/w A|z/w) )\n( (S A|z/w A|z/w A|y/w) )");
     EXPECT_EQ(links(term("A")), "x:1(1) y:2(1) z:3(1)");
     EXPECT_EQ(links(word("w")), "A|x:1(1) A|y:2(1) A|z:3(1)");
 }
@@ -56,7 +56,7 @@ TEST(parents, are_recorded_daughters_before_mothers_and_the_rightmost_first) {
 }
 
 TEST(parents, withdrawing_and_recording_again_leaves_the_lists_as_they_were) {
-    Corpus c("* ( (S A/a A/a A/b) ) ( (S A/a A/a B/b) )");
+    Corpus c("* ( (S A/a A/a A/b) )\n( (S A/a A/a B/b) )");
     const auto lists = [] {
         return contexts(term("A")->links.first()->parents) + ", " +
                contexts(word("a")->links.first()->parents);
@@ -71,7 +71,7 @@ TEST(parents, withdrawing_and_recording_again_leaves_the_lists_as_they_were) {
 }
 
 TEST(parents, a_category_knows_its_checked_contexts_once_asked_and_keeps_knowing) {
-    Corpus c("* ( (S (NP|x NN/cats) (NP NN/dogs)) ) ( (VP (NP NN/cats)) )");
+    Corpus c("* ( (S (NP|x NN/cats) (NP NN/dogs)) )\n( (VP (NP NN/cats)) )");
     LabelEntry *np = nonterm("NP");
     const Context first = context_of(c.at("1")), unchecked = context_of(c.at("1", 1));
     EXPECT_TRUE(occurs_in(np, first));

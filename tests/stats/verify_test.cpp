@@ -19,7 +19,7 @@ std::string with(T &place, Value value) {
     return difference;
 }
 
-constexpr const char *two_trees = "* ( (S (NP|x NN|y/cats NN/dogs) (VP VB/run)) ) ( (S (NP NN/cats)) )";
+constexpr const char *two_trees = "* ( (S (NP|x NN|y/cats NN/dogs) (VP VB/run)) )\n( (S (NP NN/cats)) )";
 
 TEST(verify, a_wrong_count_anywhere) {
     Corpus c(two_trees);

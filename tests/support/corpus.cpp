@@ -1,12 +1,15 @@
 #include "support/corpus.hpp"
 
+#include <fstream>
+#include <iterator>
+
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "corpus/readtrees.hpp"
 #include "model/path.hpp"
 #include "model/request.hpp"
 #include "stats/verify.hpp"
-#include "support/trees.hpp"
 
 namespace brindle::test {
 namespace {
@@ -48,7 +51,12 @@ void reset_all() {
 
 Corpus::Corpus(std::string_view text) {
     reset_all();
-    read_trees(text);
+    try {
+        read_forest(text, "");
+    } catch (const FormatError &fault) {
+        fmt::print(stderr, "this corpus cannot be read: {}\n{}\n", fault.message, text);
+        std::abort();
+    }
 }
 
 Corpus::~Corpus() {
@@ -104,6 +112,17 @@ std::string contexts(const Parents &parents) {
     return join(parents.first(), [](const ParentRecord *r) {
         return fmt::format("{}|{} {}/{}", name_of(r->syn), name_of(r->sem), r->dtr_nr, r->nr_of_dtrs);
     });
+}
+
+std::string shared_corpus(const std::string &name) {
+    std::ifstream file(BRINDLE_SOURCE_DIR "/../shared/corpora/" + name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string_view first_trees(std::string_view text, int n) {
+    std::size_t at = 0;
+    for (; n >= 0 && at != text.npos; --n) at = text.find("\n(", at + 1);
+    return text.substr(0, at == text.npos ? at : at + 1);
 }
 
 }  // namespace brindle::test

@@ -13,8 +13,9 @@ namespace brindle::test {
 // Puts the whole program state back to what it is at start-up: forest, tables, requests.
 void reset_all();
 
-// Reads the text as a corpus file into the forest. When it goes, verify_tables() must hold (a failure of the
-// test otherwise), and everything is reset. One at a time.
+// Reads the text as a corpus file into the forest: one tree a line, "( (S (NP NN/cats)) )", "*" before it if
+// it is checked. When it goes, verify_tables() must hold (a failure of the test otherwise), and everything is
+// reset. One at a time.
 class Corpus {
   public:
     explicit Corpus(std::string_view text);
@@ -33,6 +34,11 @@ class Corpus {
     // A tree as text on one line: "(S (NP|x NN/cats))".
     std::string text(int tree = 0) const;
 };
+
+// The text of a file of ../shared/corpora beside the source; "" where that is absent: test fewer cases then.
+std::string shared_corpus(const std::string &name);
+// The beginning of such a corpus, up to the end of its n-th tree.
+std::string_view first_trees(std::string_view text, int n);
 
 // "name:count(checked)" of each entry of the kind, chains in order of their buckets; "-" is the name of no
 // tag.
