@@ -7,10 +7,12 @@ namespace brindle {
 void install_commands() {
     install_navigation(commands);
     install_checking(commands);
+    install_saving(commands);
     install_quitting(commands);
     install_node_menu(commands);
     install_preferences(commands);
     install_tree_sizes(commands);
+    install_information(commands);
 }
 
 }  // namespace brindle

@@ -1,15 +1,12 @@
 // The font of a window, and whether it shows punctuation.
-#include <string_view>
-
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/drawing.hpp"
+#include "gui/menus.hpp"
 
 namespace brindle {
 
 namespace {
-
-constexpr std::string_view size_words[] = {"small", "medium", "default", "large"};  // by font scale
 
 void styles(TreeWindow &tw, tk::MenuItem &item) {
     tw.font_name = item.label();
@@ -18,14 +15,13 @@ void styles(TreeWindow &tw, tk::MenuItem &item) {
 }
 
 void sizes(TreeWindow &tw, tk::MenuItem &item) {
-    for (int scale = 0; scale < nr_of_font_scales; ++scale)
-        if (size_words[scale] == item.label()) choose_font_scale(tw, scale);
+    choose_font_scale(tw, font_scale_of(item.label()));
     find_window_font(tw);
     tree_GUI_repaint(tw);
 }
 
 void show_punc(TreeWindow &tw, tk::MenuItem &item) {
-    tw.show_punctuation = item.label() == "show it";
+    tw.show_punctuation = item.label() == show_punctuation_entry;
     tree_GUI_repaint(tw);
 }
 

@@ -11,5 +11,6 @@ void install_quitting(Commands &table);     // "Close", "Quit"
 void install_node_menu(Commands &table);    // "edit", "clear", "undo"
 void install_preferences(Commands &table);  // fonts, punctuation
 void install_tree_sizes(Commands &table);   // "Tree Size Controls"
+void install_information(Commands &table);  // the ADJUST button on a node
 
 }  // namespace brindle

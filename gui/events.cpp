@@ -6,6 +6,7 @@
 #include "gui/commands_table.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/drawing.hpp"
+#include "gui/menus.hpp"
 #include "model/forest.hpp"
 #include "model/request.hpp"
 
@@ -41,6 +42,7 @@ void menu_event(TreeWindow &tw, const tk::Event &event) {
     } else if (COPY_TO) {
         missed(tw);
     } else {
+        mark_preferences(tw);
         tw.prefs_menu->show(*tw.canvas, event);
     }
 }

@@ -1,6 +1,9 @@
 #include "gui/menus.hpp"
 
+#include <algorithm>
+#include <iterator>
 #include <span>
+#include <string>
 
 #include "gui/commands_table.hpp"
 
@@ -56,7 +59,8 @@ constexpr const char *font_styles[] = {"lucida-normal", "lucida-bold",    "lucid
                                        "courier-bold",  "courier-italic", "serif-normal",  "serif-bold",
                                        "serif-italic"};
 constexpr const char *font_sizes[] = {"default", "small", "medium", "large"};
-constexpr const char *punctuation_choices[] = {"show it", "don't show it"};
+constexpr const char *punctuation_choices[] = {show_punctuation_entry.data(), "don't show it"};
+constexpr std::string_view words_by_scale[] = {"small", "medium", "default", "large"};
 
 constexpr PreferenceEntry preference_entries[] = {
     {"font-style", &Commands::styles, font_styles},
@@ -121,6 +125,24 @@ std::unique_ptr<tk::Menu> preferences(TreeWindow &tw) {
         for (const char *choice : entry.choices) submenu.add_item(choice, callback);
     }
     return menu;
+}
+
+int font_scale_of(std::string_view entry) {
+    const auto at = std::find(std::begin(words_by_scale), std::end(words_by_scale), entry);
+    return at == std::end(words_by_scale) ? -1 : static_cast<int>(at - std::begin(words_by_scale));
+}
+
+void mark_preferences(TreeWindow &tw) {
+    const bool shown = tw.show_punctuation != 0;
+    for (const auto &entry : tw.prefs_menu->items()) {
+        if (!entry->submenu()) continue;
+        for (const auto &choice : entry->submenu()->items()) {
+            const std::string &label = choice->label();
+            choice->set_checked(entry->label() == "punctuation" ? (label == show_punctuation_entry) == shown
+                                : entry->label() == "font-size" ? font_scale_of(label) == tw.font_scale
+                                                                : label == tw.font_name);
+        }
+    }
 }
 
 }  // namespace brindle
