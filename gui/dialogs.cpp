@@ -52,7 +52,7 @@ int notice_at_node(const Node *node, tk::NoticeSpec spec, TreeWindow &tw) {
 }
 
 void check_active_GUI(TreeWindow &tw) {
-    if (layout_owner != &tw) lay_out_current_tree(tw);
+    if (!is_laid_out(tw)) lay_out_current_tree(tw);
 }
 
 void tree_GUI_repaint(TreeWindow &tw) {

@@ -4,10 +4,11 @@
 
 #include <algorithm>
 
+#include "display/hit_test.hpp"
 #include "display/layout.hpp"
+#include "gui/dialogs.hpp"
 #include "model/forest.hpp"
 #include "model/path.hpp"
-#include "model/punctuation.hpp"
 
 namespace brindle {
 
@@ -18,53 +19,42 @@ constexpr const char *start_font = "lucidasans-bold";
 // What lies between the start of a highlighted text and that of its rectangle.
 constexpr int highlight_margin = 3;
 
-// Applies f(node, depth) to every shown node in document order; where it returns false, the node's daughters
-// are passed over.
-template <class Function>
-void for_each_shown(Node *root, bool show_punctuation, Function &&f) {
-    Node *node = root;
-    int depth = 0;
-    for (;;) {
-        if (f(node, depth) && node->dtrs) {
-            node = node->dtrs;
-            ++depth;
-            continue;
-        }
-        Node *next = nullptr;
-        while (node != root && !(next = next_shown_sister(node, show_punctuation))) {
-            node = node->mother;
-            --depth;
-        }
-        if (node == root) return;
-        node = next;
-    }
+int baseline(const ShownNode &shown, const LayoutParams &params) {
+    return top_baseline + shown.depth * params.vdist;
 }
 
-// Draws the nodes of one tree, all in the coordinates of the canvas.
+Clip clip_of(const tk::Box &box) {
+    return {box.x, box.y, box.x + box.w - 1, box.y + box.h - 1};
+}
+
+// Draws the nodes of one tree, each with the branch that leads to it, in the coordinates of the canvas.
 class TreeDrawing {
   public:
     TreeDrawing(TreeWindow &tw, tk::Painter &painter)
         : tw_(tw), painter_(painter), h_(tw.font->height_of_h()) {}
 
-    // The node's texts and its word, and the branches that go down from it.
-    void draw(const Node *node, int y);
+    void draw(const ShownNode &shown);
 
   private:
+    // Where the branches below a node start.
+    int branch_start(const Node *node, int y) const {
+        return node->sem ? y + h_ + 2 * tw_.text_gap : y + tw_.text_gap;
+    }
     void draw_labels(const Node *node, int y);
-    void draw_word(const Node *node, int ystart, int ynext);
+    void draw_word(const Node *node, int y);
 
     TreeWindow &tw_;
     tk::Painter &painter_;
     int h_;
 };
 
-void TreeDrawing::draw(const Node *node, int y) {
-    const int ynext = y + tw_.vdist;
-    const int ystart = node->sem ? y + h_ + 2 * tw_.text_gap : y + tw_.text_gap;
+void TreeDrawing::draw(const ShownNode &shown) {
+    const Node *node = shown.node;
+    const int y = baseline(shown, tw_);
     draw_labels(node, y);
-    for (const Node *dtr = node->dtrs; dtr; dtr = next_shown_sister(dtr, tw_.show_punctuation != 0))
-        painter_.line(tw_.gc, {node->x, ystart}, {dtr->x, ynext - h_});
-    if (node->lex) draw_word(node, ystart, ynext);
+    if (node->lex) draw_word(node, y);
+    if (const Node *mother = node->mother)
+        painter_.line(tw_.gc, {mother->x, branch_start(mother, y - tw_.vdist)}, {node->x, y - h_});
 }
 
 void TreeDrawing::draw_labels(const Node *node, int y) {
@@ -78,17 +68,26 @@ void TreeDrawing::draw_labels(const Node *node, int y) {
     if (node->sem) painter_.text(gc, {node->sem_x, y + h_ + tw_.text_gap}, node->sem->view());
 }
 
-void TreeDrawing::draw_word(const Node *node, int ystart, int ynext) {
+void TreeDrawing::draw_word(const Node *node, int y) {
+    const int ynext = y + tw_.vdist;
     if (node->selected)
         painter_.fill(tw_.gc, {node->lex_x - highlight_margin, ynext - h_,
                                2 * (node->x - node->lex_x) + 2 * highlight_margin, h_ + 5});
     painter_.text(node->selected ? tw_.inverse_gc : tw_.gc, {node->lex_x, ynext}, node->lex->view());
-    painter_.line(tw_.gc, {node->x, ystart}, {node->x, ynext - h_});
+    painter_.line(tw_.gc, {node->x, branch_start(node, y)}, {node->x, ynext - h_});
 }
 
 // A scrollable length: the tree's with its margin, and at least what is in view.
 int fitted(int tree, int visible) {
     return std::max(tree + top_baseline, visible);
+}
+
+void fit_canvas(TreeWindow &tw) {
+    const TreeEntry &tree = *current_tree(tw);
+    const tk::Size visible = tw.canvas->visible_size();
+    const tk::Size needed{fitted(tree.width, visible.w),
+                          fitted(tw.font->height_of_h() + tree.height, visible.h)};
+    if (needed != tw.canvas->scrollable_size()) tw.canvas->set_scrollable_size(needed);
 }
 
 }  // namespace
@@ -112,61 +111,60 @@ void find_window_font(TreeWindow &tw) {
         [font = tw.font](std::string_view text) { return font->width(text); });
 }
 
-void tree_layout(TreeWindow &tw, TreeEntry &tree) {
-    tree_layout(tw, tw, *tw.measure, tree);
-}
-
 void lay_out_current_tree(TreeWindow &tw) {
     TreeEntry *tree = current_tree(tw);
-    if (!tree) {
-        tw.canvas->set_scrollable_size(tw.canvas->visible_size());
-        return;
-    }
-    tree_layout(tw, *tree);
+    if (!tree) return;
+    tree_layout(tw, tw, *tw.measure, *tree);
+    tw.shown_nodes = std::make_unique<ShownNodes>(tree->root, tw.show_punctuation != 0);
     tw.check_box->set_value(tree->checked);
-    const tk::Size visible = tw.canvas->visible_size();
-    const tk::Size needed{fitted(tree->width, visible.w),
-                          fitted(tw.font->height_of_h() + tree->height, visible.h)};
-    if (needed != tw.canvas->scrollable_size()) tw.canvas->set_scrollable_size(needed);
+    fit_canvas(tw);
+}
+
+bool is_laid_out(const TreeWindow &tw) {
+    const TreeEntry *tree = current_tree(tw);
+    return tree && layout_owner == &tw && tw.shown_nodes && tw.shown_nodes->all().front().node == tree->root;
 }
 
 int get_node_y(const Node *node, const TreeWindow &tw) {
     return get_node_y(node, static_cast<const LayoutParams &>(tw));
 }
 
+Node *nodefind(TreeWindow &tw, tk::Point at) {
+    const TreeEntry *tree = current_tree(tw);
+    if (!tree) return nullptr;
+    const Hit hit = find(tree->root, at.x, at.y, tw.font->height_of_h(), tw, tw.show_punctuation != 0);
+    tw.info_mode = static_cast<int>(hit.mode);
+    return hit.node;
+}
+
 void canvas_repaint_proc(TreeWindow &tw, tk::Painter &painter) {
-    lay_out_current_tree(tw);
     tw.gc.line_width = tw.line_width;
     painter.clear(tw.gc);
-    const TreeEntry *tree = current_tree(tw);
-    if (!tree) {
+    if (!current_tree(tw)) {
         painter.text(tw.gc, {top_baseline, top_baseline}, "This corpus has no trees.");
         return;
     }
-    const tk::Box view = painter.visible();
-    const int height = tw.font->height_of_h();
+    check_active_GUI(tw);
+    fit_canvas(tw);
     TreeDrawing drawing(tw, painter);
-    for_each_shown(tree->root, tw.show_punctuation != 0, [&](const Node *node, int depth) {
-        const int y = top_baseline + depth * tw.vdist;
-        if (y + tw.vdist + height >= view.y) drawing.draw(node, y);
-        return y + tw.vdist - height <= view.y + view.h;
-    });
+    tw.shown_nodes->for_each_in(clip_of(painter.visible()), tw.font->height_of_h(), tw,
+                                [&](const ShownNode &shown) { drawing.draw(shown); });
 }
 
 std::vector<tk::MapLine> node_lines(TreeWindow &tw) {
     std::vector<tk::MapLine> lines;
-    const TreeEntry *tree = current_tree(tw);
-    if (!tree) return lines;
-    if (layout_owner != &tw) lay_out_current_tree(tw);
-    const int ascent = tw.font->ascent();
+    if (!current_tree(tw)) return lines;
+    check_active_GUI(tw);
+    const tk::Size size = tw.canvas->visible_size();
+    const tk::Box view{tw.hscrollbar->view_start(), tw.vscrollbar->view_start(), size.w, size.h};
     const int height = tw.font->height_of_h();
-    for_each_shown(tree->root, tw.show_punctuation != 0, [&](const Node *node, int depth) {
-        const int y = top_baseline + depth * tw.vdist;
-        lines.push_back({"node",
-                         {path_of(node), std::string(node->syn->view()), std::string(text_of(node->sem)),
-                          std::string(text_of(node->lex)), node->selected ? "selected" : "-"},
-                         {node->syn_x, y - ascent, tw.measure->width(node->syn), height}});
-        return true;
+    tw.shown_nodes->for_each_in(clip_of(view), height, tw, [&](const ShownNode &shown) {
+        const Node *node = shown.node;
+        lines.push_back(
+            {"node",
+             {path_of(node), std::string(node->syn->view()), std::string(text_of(node->sem)),
+              std::string(text_of(node->lex)), node->selected ? "selected" : "-"},
+             {node->syn_x, baseline(shown, tw) - tw.font->ascent(), tw.measure->width(node->syn), height}});
     });
     return lines;
 }

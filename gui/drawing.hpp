@@ -7,8 +7,6 @@
 
 namespace brindle {
 
-struct TreeEntry;
-
 // The start font, and the two graphics contexts in the colours of the output window.
 void init_GC(TreeWindow &tw);
 
@@ -16,11 +14,12 @@ void init_GC(TreeWindow &tw);
 // "\nCannot use font: %s!\n" on standard error and the font of labels and buttons in its place.
 void find_window_font(TreeWindow &tw);
 
-// Lays the tree out with the window's font and sizes, and makes the window the layout's owner.
-void tree_layout(TreeWindow &tw, TreeEntry &tree);
-
-// The same for the shown tree; fits the canvas's scrollable size to it and sets "Check:".
+// Lays the shown tree out with the window's font and sizes, which makes the window the layout's owner; fits
+// the canvas's scrollable size to it and sets "Check:". Nothing in a corpus without trees.
 void lay_out_current_tree(TreeWindow &tw);
+
+// Whether the nodes' positions are those of the shown tree in this window.
+bool is_laid_out(const TreeWindow &tw);
 
 // The baseline of the node's category on the canvas.
 int get_node_y(const Node *node, const TreeWindow &tw);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "display/layout_params.hpp"
+#include "display/shown_nodes.hpp"
 #include "display/text_measure.hpp"
 #include "gui/keys.hpp"
 #include "model/frontend.hpp"
@@ -81,7 +82,8 @@ struct TreeWindow : TreeView, LayoutParams {
     // Drawing.
     const tk::Font *font = nullptr;  // the toolkit's
     std::string font_name;
-    std::unique_ptr<CachedMeasure> measure;  // of texts in the font
+    std::unique_ptr<CachedMeasure> measure;   // of texts in the font
+    std::unique_ptr<ShownNodes> shown_nodes;  // of the latest layout; good while the window owns the layout
     tk::GraphicsContext gc;
     tk::GraphicsContext inverse_gc;
 
