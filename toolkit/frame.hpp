@@ -17,6 +17,7 @@ namespace brindle::tk {
 class CommandFrame;
 
 enum class Side { top, left };
+enum class FrameKind { base, command, notice };
 
 class Frame : public Object {
   public:
@@ -69,10 +70,9 @@ class Frame : public Object {
     Impl &impl() const { return *impl_; }
 
   protected:
-    Frame(Frame *owner, std::string_view title, bool command_frame);
+    Frame(Frame *owner, std::string_view title, FrameKind kind);
 
   private:
-    friend class Notice;
     std::unique_ptr<Impl> impl_;
 };
 

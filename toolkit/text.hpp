@@ -18,6 +18,9 @@ std::string from_display(std::string_view utf8);
 // that means nothing in the locale.
 char32_t next_character(std::string_view &locale_text);
 
+// How many bytes at the end of a locale text begin a character whose rest is missing.
+std::size_t unfinished_tail(std::string_view locale_text);
+
 // Splits a message into lines fit to be shown: ESC and other control characters go, tabs are blanks, blanks
 // at line starts and ends go, lines that held nothing but control characters go, and so do empty first and
 // last lines.

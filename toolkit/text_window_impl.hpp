@@ -1,0 +1,30 @@
+#pragma once
+#include <FL/Fl_Group.H>
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "toolkit/text_editor.hpp"
+#include "toolkit/text_window.hpp"
+
+namespace brindle::tk {
+
+struct TextWindow::Impl {
+    explicit Impl(Frame &owner);
+
+    Frame *frame;
+    TextWindow *self = nullptr;
+    TextEditor editor;
+    std::function<void(TextWindow &)> on_change;
+    bool modified = false;
+    std::string unfinished;  // bytes of a character whose rest has not come yet
+
+    void attach(TextWindow &window, Fl_Group &top);
+    void move_to(Box box);  // px
+    Size preferred() const;
+    Fl_Widget *focus_target() { return &editor; }
+    Box screen_box() const;
+};
+
+}  // namespace brindle::tk
