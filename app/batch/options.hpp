@@ -1,0 +1,65 @@
+#pragma once
+// What a person can ask of brindle-batch: the options as parsed, and the table of actions.
+#include <optional>
+#include <span>
+#include <string>
+
+namespace brindle::batch {
+
+// Exit statuses.
+inline constexpr int done = 0;
+inline constexpr int failed = 1;  // an input is in error, or output could not be written whole
+inline constexpr int misused = 2;
+
+struct Options {
+    // Common to all actions.
+    std::string corpus;  // for `validate`: the file with the bracketing
+    std::string wordgraphs;
+    std::string output = "-";
+    bool quiet = false;
+    // The selection; `selecting` is set when any of these was given.
+    bool selecting = false;
+    std::string trees = "both";
+    std::optional<int> from, to, random;
+    unsigned seed = 1;
+    // Of single actions.
+    std::string format = "atis", report, script, predicate, prolog, kind, replace, with, size = "default";
+    std::string syn, lex, sem, node = ".";
+    bool roots = false, substring = false, tables = false, punctuation = false;
+    int tree = 1, start = 1;
+};
+
+// Which options an action takes, beside the common ones.
+enum Takes : unsigned {
+    nothing_more = 0,
+    selection = 1,
+    write_format = 2,
+    report_file = 4,
+    filter_options = 8,
+    search_options = 16,
+    script_file = 32,
+    one_tree = 64,
+    node_path = 128,
+    punctuation_flag = 256,
+    size_choice = 512,
+    no_corpus = 1024,
+};
+
+struct Action {
+    const char *name;
+    const char *help;     // one line for --help
+    const char *details;  // more, for ACTION --help
+    unsigned takes;
+    int (*run)(const Options &);
+};
+
+// All actions, in the order of --help.
+std::span<const Action> actions();
+
+// A mistake in the command line that only the corpus shows (a tree number too high): main prints it with the
+// usage line and exits with 2.
+struct UsageError {
+    std::string message;
+};
+
+}  // namespace brindle::batch

@@ -1,0 +1,91 @@
+#include "app/batch/session.hpp"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
+#include <iterator>
+
+#include <fmt/format.h>
+
+#include "corpus/readtrees.hpp"
+#include "corpus/writetrees.hpp"
+#include "model/forest.hpp"
+#include "model/input_file.hpp"
+#include "model/output_file.hpp"
+
+namespace brindle::batch {
+namespace {
+
+// Standard output as a sink that reports what could not be written.
+struct StandardOutput : TextSink {
+    bool write(std::string_view piece) override {
+        return std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
+    }
+};
+
+struct FileSink : TextSink {
+    explicit FileSink(OutputFile &to) : file(to) {}
+    bool write(std::string_view piece) override { return file.write(piece); }
+    OutputFile &file;
+};
+
+int told(const std::string &name, const std::string &reason) {
+    complain(fmt::format("cannot write to {}: {}", name, reason));
+    return failed;
+}
+
+// Lets `produce` write into the named file or standard output.
+template <class Produce>
+int write_to(const std::string &name, Produce produce) {
+    if (name == "-") {
+        StandardOutput sink;
+        if (produce(sink) && std::fflush(stdout) == 0) return done;
+        return told("standard output", std::strerror(errno));
+    }
+    OutputFile file(name);
+    FileSink sink(file);
+    if (file.ok() && produce(sink) && file.commit()) return done;
+    return told(name, file.error());
+}
+
+}  // namespace
+
+void load(const Options &options) {
+    readcorpus(options.corpus);
+    CORPUS = options.corpus;
+}
+
+int tree_index(int number) {
+    if (number < 1 || number > amount)
+        throw UsageError{fmt::format("no tree {} in this corpus: it has {}", number, amount)};
+    return number - 1;
+}
+
+int put_out(const std::string &name, std::string_view text) {
+    return write_to(name, [&](TextSink &sink) { return sink.write(text); });
+}
+
+int put_out(const Options &options, std::string_view text) {
+    return put_out(options.output, text);
+}
+
+int put_out_corpus(const Options &options) {
+    return write_to(options.output, save_corpus);
+}
+
+void complain(std::string_view message) {
+    fmt::print(stderr, "brindle-batch: {}\n", message);
+}
+
+bool take_in(const std::string &name, std::string &text) {
+    const InputFile file(name == "-" ? "/dev/stdin" : name);
+    if (!file.ok()) {
+        complain(fmt::format("{}: {}", name, std::strerror(errno)));
+        return false;
+    }
+    text = file.text();
+    return true;
+}
+
+}  // namespace brindle::batch

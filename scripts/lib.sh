@@ -1,0 +1,39 @@
+# Shared by ./run and ./test: what they need, and how they get and build it. Sourced, not run.
+
+say() { printf '%s\n' "$*" >&2; }
+die() { say "$*"; exit 1; }
+
+build_packages=(g++ cmake ninja-build pkg-config libfltk1.3-dev libxft-dev libx11-dev libfontconfig-dev libfmt-dev
+    robin-map-dev libcli11-dev)
+run_packages=(swi-prolog-nox fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-liberation)
+virtual_packages=(xvfb openbox xdotool imagemagick x11-utils)
+test_packages=(libgtest-dev libxtst-dev xvfb openbox python3 procps)
+
+# Installs those of the named Debian packages that are missing.
+install_missing() {
+    local missing=() package
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return 0
+    local as_root=()
+    if [ "$(id -u)" -ne 0 ]; then
+        command -v sudo >/dev/null || die "Please install first (as root): apt-get install ${missing[*]}"
+        as_root=(sudo)
+    fi
+    say "Installing: ${missing[*]}"
+    mkdir -p "$top/build"
+    local log=$top/build/install.log
+    { "${as_root[@]}" apt-get update && DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y \
+        --no-install-recommends "${missing[@]}"; } >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
+}
+
+# Builds one preset; further arguments go to the configuration. Quiet unless something is wrong.
+build_preset() {
+    local preset=$1 log=$top/build/$1.log
+    shift
+    mkdir -p "$top/build"
+    say "Building ($preset) ..."
+    { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1 ||
+        { grep -E 'error|Error|FAILED' -A 5 "$log" | head -n 60 >&2; die "The build failed; see $log"; }
+}

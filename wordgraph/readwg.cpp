@@ -1,0 +1,55 @@
+#include "wordgraph/readwg.hpp"
+
+#include <cerrno>
+#include <cstdlib>
+
+#include <fmt/printf.h>
+
+#include "model/error.hpp"
+#include "model/input_file.hpp"
+
+namespace brindle {
+namespace {
+
+// Takes the first line, with its newline, off the text.
+std::string_view take_line(std::string_view &text) {
+    const std::size_t newline = text.find('\n');
+    const std::string_view line = text.substr(0, newline == std::string_view::npos ? newline : newline + 1);
+    text.remove_prefix(line.size());
+    return line;
+}
+
+// Passes lines up to one that begins with the mark; that line, or an empty one at the end of the text.
+std::string_view pass_to(std::string_view mark, std::string_view &text) {
+    while (!text.empty())
+        if (const std::string_view line = take_line(text); line.starts_with(mark)) return line;
+    return {};
+}
+
+}  // namespace
+
+std::string attach_wordgraphs(std::string_view text) {
+    for (int t = 0; t < amount; ++t) {
+        const std::string_view first = pass_to("BEGIN_LATTICE", text);
+        if (first.empty())
+            return fmt::sprintf("Wordgraphfile is too short! Read %d of required %d", t, amount + 1);
+        const std::string_view last = pass_to("END_LATTICE", text);
+        if (last.empty()) return fmt::sprintf("Unexpected end of file in word graph %d", t + 1);
+        auto graph = std::make_unique<std::string>("\n");
+        graph->append(first.data(), last.data() + last.size());
+        forest[static_cast<std::size_t>(t)].wordgraph = std::move(graph);
+    }
+    return {};
+}
+
+void read_wordgraphs(const std::string &name) {
+    const InputFile file(name);
+    if (!file.ok() && errno == EISDIR) {
+        fmt::print(stderr, "\nCannot open {}; is a directory", name);
+        std::exit(EXIT_FAILURE);
+    }
+    if (!file.ok()) system_error_exit(name);
+    if (const std::string fault = attach_wordgraphs(file.text()); !fault.empty()) error(fault);
+}
+
+}  // namespace brindle
