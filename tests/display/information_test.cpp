@@ -8,12 +8,10 @@
 
 #include "model/path.hpp"
 #include "stats/changes.hpp"
-#include "support/made_tree.hpp"
+#include "support/corpus.hpp"
 
 namespace brindle {
 namespace {
-
-using test::add_tree;
 
 // Collects the pages and answers "More.." a number of times.
 struct Reader {
@@ -36,72 +34,70 @@ std::string only_page(const Node *node, InfoMode mode, bool control = false) {
 }
 
 struct InformationTest : testing::Test {
-    test::CleanCorpus clean;
+    // Reads the corpus; its trees' roots can be asked for by their numbers, from 0.
+    void read(std::string_view text) { corpus.emplace(text); }
+    Node *at(std::string_view path, int tree = 0) const { return corpus->at(path, tree); }
+
+    std::optional<test::Corpus> corpus;
 };
 
 TEST_F(InformationTest, category) {
-    Node *root = add_tree("(S|s(d1,d2) (NP|j/john)(VP|walk/walks))", true);
-    add_tree("(S (NP|m/mary)(VP|walk/walks))", true);
-    add_tree("(S (NP/john)(VP|walk/walks))");
-    EXPECT_EQ(only_page(root->dtrs, InfoMode::term),
+    read(
+        "*( (S|s(d1,d2) NP|j/john VP|walk/walks) )\n*( (S NP|m/mary VP|walk/walks) )\n"
+        "( (S NP/john VP|walk/walks) )");
+    EXPECT_EQ(only_page(at("1"), InfoMode::term),
               "Syntactic Tag: NP\n(Proper noun, singular)\n\nNumber of occurrences: 3\n\n66.7% is annotated"
               "\n\nOccurs with the following semantic tags:\n j : 1,     m : 1,    ");
     EXPECT_EQ(
-        only_page(root, InfoMode::nonterm),
+        only_page(at("."), InfoMode::nonterm),
         "Syntactic Tag: S\n(Simple declarative clause)\n\nNumber of occurrences: 3\n\n66.7% is annotated"
         "\n\nOccurs with the following semantic tags:\n s(d1,d2) : 1,    (unlabeled) : 1");
 }
 
 TEST_F(InformationTest, category_that_occurs_only_unchecked_or_only_checked) {
-    Node *root = add_tree("(X1 (NP|j/john))");
-    EXPECT_EQ(only_page(root, InfoMode::nonterm),
+    read("( (X1 NP|j/john) )\n*( (X2 NP|j/john) )");
+    EXPECT_EQ(only_page(at("."), InfoMode::nonterm),
               "Syntactic Tag: X1\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n0.0% is annotated"
               "No checked occurrences");
-    Node *checked = add_tree("(X2 (NP|j/john))", true);
-    EXPECT_EQ(only_page(checked, InfoMode::nonterm),
+    EXPECT_EQ(only_page(at(".", 1), InfoMode::nonterm),
               "Syntactic Tag: X2\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n100.0% is annotated"
               "\n\nOccurs with the following semantic tags:\n(unlabeled) : 1");
 }
 
 TEST_F(InformationTest, tag) {
-    Node *root = add_tree("(S|t (NP|t/john)(VP/walks))", true);
-    add_tree("(S|t (NP|u/john)(VP/walks))");
-    EXPECT_EQ(only_page(root, InfoMode::sem),
+    read("*( (S|t NP|t/john VP/walks) )\n( (S|t NP|u/john VP/walks) )");
+    EXPECT_EQ(only_page(at("."), InfoMode::sem),
               "Semantic tag: t\n\nNumber of occurrences: 2"
-              "\n\nOccurs with the following syntactic tags:\nS : 1,   NP : 1");
-    EXPECT_EQ(only_page(root->dtrs->sister, InfoMode::sem),
+              "\n\nOccurs with the following syntactic tags:\nNP : 1,   S : 1");
+    EXPECT_EQ(only_page(at("2"), InfoMode::sem),
               "Semantic tag: (unlabeled)\n\nNumber of occurrences: 1"
               "\n\nOccurs with the following syntactic tags:\nVP : 1");
-    EXPECT_EQ(only_page(node_at(forest[1].root, "1"), InfoMode::sem), "\n\nUnchecked semantic tag.");
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::sem), "\n\nUnchecked semantic tag.");
 }
 
 TEST_F(InformationTest, word) {
-    Node *root = add_tree("(S (NP|j/john)(VP|w/walks))", true);
-    add_tree("(S (NP/john)(VP|w/walks))", true);
-    add_tree("(S (NP|k/john)(VP|w/runs))");
-    EXPECT_EQ(only_page(root->dtrs, InfoMode::lex),
+    read("*( (S NP|j/john VP|w/walks) )\n*( (S NP/john VP|w/walks) )\n( (S NP|k/john VP|w/runs) )");
+    EXPECT_EQ(only_page(at("1"), InfoMode::lex),
               "\nWord: john\n\nNumber of occurrences: 3\n\n66.7% is annotated"
               "\n\nOccurs with the following tags:\nSyntactic NP, Semantic j : 1"
               "\nSyntactic NP, Semantic (unlabeled) : 1");
-    EXPECT_EQ(only_page(node_at(forest[2].root, "2"), InfoMode::lex), "No checked annotations");
+    EXPECT_EQ(only_page(at("2", 2), InfoMode::lex), "No checked annotations");
 }
 
 TEST_F(InformationTest, mothers) {
-    Node *root = add_tree("(S|s (NP|j/john)(VP|w (V|v/sees)(NP|j/john)))", true);
-    EXPECT_EQ(only_page(root->dtrs, InfoMode::term, true),
+    read("*( (S|s NP|j/john (VP|w V|v/sees NP|j/john)) )\n( (S NP|m/mary VP|w/walks) )");
+    EXPECT_EQ(only_page(at("1"), InfoMode::term, true),
               "This type of node occurs with the following (checked) parents:"
-              "\n\nSyntactic: S, Semantic: s\nDaughter nr.: 1 of 2, Amount: 1"
-              "\n\nSyntactic: VP, Semantic: w\nDaughter nr.: 2 of 2, Amount: 1");
-    EXPECT_EQ(only_page(root, InfoMode::nonterm, true), "Root node");
-    Node *unchecked = add_tree("(S (NP|m/mary)(VP|w/walks))");
-    EXPECT_EQ(only_page(unchecked->dtrs, InfoMode::lex, true), "Unchecked node");
-    EXPECT_EQ(only_page(unchecked, InfoMode::sem, true), "Root node");
+              "\n\nSyntactic: VP, Semantic: w\nDaughter nr.: 2 of 2, Amount: 1"
+              "\n\nSyntactic: S, Semantic: s\nDaughter nr.: 1 of 2, Amount: 1");
+    EXPECT_EQ(only_page(at("."), InfoMode::nonterm, true), "Root node");
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::lex, true), "Unchecked node");
+    EXPECT_EQ(only_page(at(".", 1), InfoMode::sem, true), "Root node");
 }
 
 TEST_F(InformationTest, mothers_of_a_word_are_not_those_of_its_category) {
-    add_tree("(S (NP|n/mary)(VP|w/walks))", true);
-    Node *root = add_tree("(Q (NP|n/john)(VP|w/walks))", true);
-    EXPECT_EQ(only_page(root->dtrs, InfoMode::lex, true),
+    read("*( (S NP|n/mary VP|w/walks) )\n*( (Q NP|n/john VP|w/walks) )");
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::lex, true),
               "This type of node occurs with the following (checked) parents:"
               "\n\nSyntactic: Q, Semantic: (unlabeled)\nDaughter nr.: 1 of 2, Amount: 1");
 }
@@ -112,8 +108,10 @@ std::string long_tag(int i) {
 }
 
 TEST_F(InformationTest, long_lists_break_lines_and_pages) {
-    Node *root = nullptr;
-    for (int i = 0; i < 10; ++i) root = add_tree(fmt::format("(C|{}/x)", long_tag(i)), true);
+    std::string text;
+    for (int i = 0; i < 10; ++i) text += fmt::format("*( (C|{}/x) )\n", long_tag(i));
+    read(text);
+    const Node *root = at(".");
     Reader reader;
     const auto last = syn_info(root, reader.more());
     ASSERT_EQ(reader.pages.size(), 1u);
@@ -134,16 +132,18 @@ TEST_F(InformationTest, long_lists_break_lines_and_pages) {
 
 TEST_F(InformationTest, a_first_item_that_fills_a_line_begins_a_new_one) {
     const std::string tag(70, 't');
-    Node *root = add_tree(fmt::format("(C|{}/x)", tag), true);
-    EXPECT_EQ(only_page(root, InfoMode::term),
+    read(fmt::format("*( (C|{}/x) )", tag));
+    EXPECT_EQ(only_page(at("."), InfoMode::term),
               "Syntactic Tag: C\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n100.0% is annotated"
               "\n\nOccurs with the following semantic tags:\n\n " +
                   tag + " : 1");
 }
 
 TEST_F(InformationTest, a_word_shows_seven_tags_a_page) {
-    Node *root = nullptr;
-    for (int i = 0; i < 7; ++i) root = add_tree(fmt::format("(C|t{}/x)", i), true);
+    std::string text;
+    for (int i = 0; i < 7; ++i) text += fmt::format("*( (C|t{}/x) )\n", i);
+    read(text);
+    const Node *root = at(".");
     Reader reader;
     EXPECT_EQ(lex_info(root, reader.more()).value_or("(none)"), "");
     ASSERT_EQ(reader.pages.size(), 1u);
@@ -153,10 +153,11 @@ TEST_F(InformationTest, a_word_shows_seven_tags_a_page) {
 }
 
 TEST_F(InformationTest, three_mothers_a_page) {
-    Node *root = nullptr;
-    for (int i = 0; i < 6; ++i) root = add_tree(fmt::format("(M{} (C|t/x))", i), true);
+    std::string text;
+    for (int i = 0; i < 6; ++i) text += fmt::format("*( (M{} C|t/x) )\n", i);
+    read(text);
     Reader reader;
-    const auto last = parent_info(root->dtrs, InfoMode::term, reader.more());
+    const auto last = parent_info(at("1"), InfoMode::term, reader.more());
     ASSERT_EQ(reader.pages.size(), 1u);
     EXPECT_TRUE(
         reader.pages[0].ends_with("Syntactic: M2, Semantic: (unlabeled)\nDaughter nr.: 1 of 1, Amount: 1"));

@@ -5,9 +5,7 @@
 #include <vector>
 
 #include "model/path.hpp"
-#include "model/request.hpp"
 #include "model/traversal.hpp"
-#include "stats/links.hpp"
 
 namespace brindle::test {
 namespace {
@@ -115,30 +113,6 @@ Node *random_tree(std::mt19937 &random, const RandomTreeShape &shape) {
     for (Node *n : nodes)
         if (!n->dtrs && below(100) < shape.word_percent) n->lex = intern(label());
     return nodes.front();
-}
-
-Node *add_tree(std::string_view bracketing, bool checked) {
-    TreeCheckedScope scope(checked);
-    Node *root = parse(bracketing);
-    for_each_in_subtree(root, [](Node *n) { store(n->syn, n->sem, n->lex, n); });
-    for_each_in_subtree(root, [](Node *n) { parent(n); });
-    TreeEntry &entry = forest.emplace_back();
-    entry.root = root;
-    entry.checked = checked;
-    register_root(root, amount++);
-    return root;
-}
-
-CleanCorpus::CleanCorpus() {
-    tables_init();
-    reset_forest();
-    reset_request();
-}
-
-CleanCorpus::~CleanCorpus() {
-    tables_init();
-    reset_forest();
-    reset_request();
 }
 
 }  // namespace brindle::test

@@ -1,5 +1,5 @@
 #pragma once
-// Trees made for tests, without a file and without statistics unless asked for.
+// Trees made for tests, without a file, a forest or statistics.
 #include <random>
 #include <string>
 #include <string_view>
@@ -41,15 +41,5 @@ struct RandomTreeShape {
     int spine_percent = 0;  // how often the next node goes below the newest one, which makes deep trees
 };
 Node *random_tree(std::mt19937 &random, const RandomTreeShape &shape);
-
-// Puts the tree of a bracketing at the end of `forest`, its labels stored in the statistics, checked or not.
-// Returns its root.
-Node *add_tree(std::string_view bracketing, bool checked = false);
-
-// Forest, label tables and request globals back to nothing at both ends of a test.
-struct CleanCorpus {
-    CleanCorpus();
-    ~CleanCorpus();
-};
 
 }  // namespace brindle::test
