@@ -50,6 +50,7 @@ void create_main_window(tk::Frame &main_frame) {
     tk::Button &edit = panel.add_button(edit_label(CORPUS), {}, clone);
     tk::TextWindow &output = main_frame.add_text_window();
     output.set_wrap(true);
+    output.set_editable(false);
 
     output.set_key(Key::query_item, &query);
     quit.set_key(Key::frame_to_hide, &main_frame);

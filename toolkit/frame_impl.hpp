@@ -63,6 +63,8 @@ struct Frame::Impl {
     ItemView *view_of(const Fl_Widget *widget) const;
     void give_focus(ItemView &view);          // and selects its text
     void offer_focus(ItemView &view);         // takes it if nothing of use has it
+    // A key while the frame is busy: only Control-C reaches the canvas, whose user stops the work with it.
+    void handle_busy_key();
     void handle_key();                        // the key of FLTK's current event
     void commit_elsewhere();                  // a button press outside the field that has the keyboard
 
@@ -81,6 +83,7 @@ class TopWindow : public Fl_Double_Window {
     Frame::Impl &impl;
     void resize(int x, int y, int w, int h) override;
     void draw() override;
+    int handle(int event) override;
 };
 
 // The frame of an FLTK window, or of the window it is in; null: none.

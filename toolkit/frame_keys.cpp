@@ -163,6 +163,18 @@ void Frame::Impl::handle_key() {
     if (canvas && event.code) canvas->impl().deliver_key(event);
 }
 
+void Frame::Impl::handle_busy_key() {
+    const Event event = decode_key();
+    if (canvas && event.code == CODE_CTRL_C) canvas->impl().deliver_key(event);
+}
+
+// The keyboard comes to the window: whoever had it there last has it again, not simply the first child.
+int TopWindow::handle(int event) {
+    if (event != FL_FOCUS) return Fl_Double_Window::handle(event);
+    if (Fl_Widget *widget = impl.focus_widget()) Fl::focus(widget);
+    return 1;
+}
+
 void Frame::Impl::commit_elsewhere() {
     ItemView *view = view_of(Fl::focus());
     if (view && !Fl::event_inside(view)) view->commit();

@@ -1,0 +1,78 @@
+// The workbench: reads a corpus and opens its main window.
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include <fmt/printf.h>
+
+#include "commands/install.hpp"
+#include "corpus/readtrees.hpp"
+#include "gui/front_end.hpp"
+#include "gui/main_window.hpp"
+#include "model/error.hpp"
+#include "model/forest.hpp"
+#include "model/text.hpp"
+#include "toolkit/display.hpp"
+#include "toolkit/frame.hpp"
+#include "toolkit/notifier.hpp"
+#include "wordgraph/readwg.hpp"
+
+namespace {
+
+using namespace brindle;
+
+constexpr const char *help =
+    "Usage: brindle [-w <wordgraphfile>] [X-options] <corpusname>\n"
+    "\n"
+    "Opens the treebank <corpusname> for annotation.\n"
+    "\n"
+    "  -w <wordgraphfile>   attach a word graph to each tree, in the order of the file\n"
+    "  --help               show this help and stop\n"
+    "  --version            show the version and stop\n"
+    "\n"
+    "X-options: -display, -geometry, -title, -name, -fg, -bg, -fn, -iconic\n"
+    "Environment:\n"
+    "  BRINDLE_SCALE            factor for all sizes and fonts, 0.5 to 4\n"
+    "  BRINDLE_PROLOG           command that starts the Prolog system\n"
+    "  BRINDLE_FORMULA_CHECKER  program that checks formulas for the information format\n"
+    "  BRINDLE_FORMULA_DIR      directory it runs in\n";
+
+// Answers --help and --version, when one is all there is on the command line.
+bool answered(int argc, char **argv) {
+    if (argc != 2) return false;
+    if (std::strcmp(argv[1], "--help") == 0)
+        std::fputs(help, stdout);
+    else if (std::strcmp(argv[1], "--version") == 0)
+        std::puts("brindle " BRINDLE_VERSION);
+    else
+        return false;
+    return true;
+}
+
+void read_everything(int argc, char **argv) {
+    const bool with_wordgraphs = argc == 4 && std::strcmp(argv[1], "-w") == 0;
+    if (argc != 2 && !with_wordgraphs)
+        error(fmt::sprintf("Usage:\n\t%s [-w <wordgraphfile>][X-options] <corpusname>", argv[0]));
+    readcorpus(argv[argc - 1]);
+    if (with_wordgraphs) read_wordgraphs(argv[2]);
+    CORPUS = argv[argc - 1];
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    set_text_locale();
+    tk::init(argc, argv);
+    if (answered(argc, argv)) return 0;
+    read_everything(argc, argv);
+
+    install_commands();
+    tk::Frame main_frame("BRINDLE");
+    WindowFrontEnd windows(main_frame);
+    frontend = &windows;
+    create_main_window(main_frame);
+    main_frame.show();
+    tk::main_loop();
+    frontend = silent_frontend();
+    return 0;
+}
