@@ -44,8 +44,9 @@ void release_all(Parents &parents) {
 // Counts a checked node of the category more or less in the context, once anybody has asked for these counts.
 void count_context(LabelEntry *category, const Context &context, int change) {
     if (!category->contexts) return;
-    const auto [place, is_new] = category->contexts->try_emplace(context, change);
-    if (!is_new && (place.value() += change) == 0) category->contexts->erase(place);
+    TagCounts &tags = (*category->contexts)[context.path()];
+    const auto [tag, is_new] = tags.try_emplace(context.sem, change);
+    if (!is_new && (tag.value() += change) == 0) tags.erase(tag);
 }
 
 // One more or one less checked occurrence, by TREE_CHECKED.
@@ -145,14 +146,15 @@ ParentRecord *search_lexparent(const LexLink *link, const Context &context) {
     return link->parents.find(context);
 }
 
-bool occurs_in(LabelEntry *category, const Context &context) {
+const TagCounts *tags_above(LabelEntry *category, const Path &path) {
     if (!category->contexts) {
         category->contexts = new CategoryContexts;
         for (const LabelLink *l = category->links.first(); l; l = l->next)
             for (const ParentRecord *r = l->parents.first(); r && r->checked_count > 0; r = r->next)
-                (*category->contexts)[r->key()] += r->checked_count;
+                (*category->contexts)[r->key().path()][r->sem] += r->checked_count;
     }
-    return category->contexts->contains(context);
+    const auto found = category->contexts->find(path);
+    return found == category->contexts->end() ? nullptr : &found->second;
 }
 
 void delete_link(LabelEntry *a, LabelEntry *b) {

@@ -29,9 +29,10 @@ Context context_of(const Node *node);
 ParentRecord *search_parent(const LabelLink *link, const Context &context);
 ParentRecord *search_lexparent(const LexLink *link, const Context &context);
 
-// Whether nodes of the category, whatever their tags, occur in the mother context in checked trees. Constant
-// time but for the first question about a category.
-bool occurs_in(LabelEntry *category, const Context &context);
+// The mothers' tags that nodes of the category, whatever their own tags, occur with on the path in checked
+// trees, in no order; null: it does not occur there. The first question about a category builds its index,
+// which every later change keeps.
+const TagCounts *tags_above(LabelEntry *category, const Path &path);
 
 // Counts one less; the link must exist, else "Fault in hashtable!?".
 void delete_link(LabelEntry *a, LabelEntry *b);

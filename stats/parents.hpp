@@ -109,7 +109,9 @@ class Parents {
     Paths *paths_ = nullptr;
 };
 
-// How often the nodes of one category occur in each mother context in checked trees, whatever their tags.
-using CategoryContexts = tsl::robin_map<Context, std::int32_t, HashOf>;
+// The mothers' tags that the nodes of one category, whatever their own tags, occur with on each path in checked
+// trees, and how often.
+using TagCounts = tsl::robin_map<LabelEntry *, std::int32_t>;
+using CategoryContexts = tsl::robin_map<Path, TagCounts, HashOf>;
 
 }  // namespace brindle

@@ -22,7 +22,7 @@ struct LabelEntry {
     LabelEntry *next = nullptr;  // in the bucket's chain
     LabelEntry *prev = nullptr;
     LabelLinks links;                      // of a category: the tags it occurs with; of a tag: the categories
-    CategoryContexts *contexts = nullptr;  // of a category, once occurs_in has been asked about it
+    CategoryContexts *contexts = nullptr;  // of a category, once tags_above has been asked
 };
 
 // An entry of `lex_table`: a word.
