@@ -8,6 +8,7 @@
 #include "propose/literal_proposal.hpp"
 #include "stats/changes.hpp"
 #include "stats/links.hpp"
+#include "support/made_tree.hpp"
 #include "support/random_corpus.hpp"
 
 namespace brindle::test {
@@ -41,9 +42,9 @@ void PrintTo(const ShapeCase &c, std::ostream *out) {
     *out << c.name;
 }
 
-class Proposal : public testing::TestWithParam<ShapeCase> {};
+class LiterallyProposed : public testing::TestWithParam<ShapeCase> {};
 
-TEST_P(Proposal, is_that_of_the_literal_enumeration) {
+TEST_P(LiterallyProposed, is_what_the_proposal_is) {
     const ShapeCase &c = GetParam();
     int too_many = 0, compared = 0, built = 0;
     for (int seed = 0; seed < c.corpora; ++seed) {
@@ -66,7 +67,7 @@ TEST_P(Proposal, is_that_of_the_literal_enumeration) {
     tables_init();
 }
 
-INSTANTIATE_TEST_SUITE_P(Shapes, Proposal,
+INSTANTIATE_TEST_SUITE_P(Shapes, LiterallyProposed,
                          testing::Values(ShapeCase{"small", {}, 1000, 0},
                                          ShapeCase{"few_labels", {12, 4, 2, 1, 2, 2, 0.8}, 300, 0},
                                          ShapeCase{"one_category", {20, 3, 3, 1, 2, 3, 0.9}, 200, 0},
@@ -79,6 +80,84 @@ INSTANTIATE_TEST_SUITE_P(Shapes, Proposal,
                                              "some_vanishing", {10, 3, 30, 2, 2, 20, 0.9, 1, 0.02}, 25, 0.7},
                                          ShapeCase{"nothing_checked", {3, 4, 3, 2, 2, 3, 0}, 20, 0}),
                          [](const auto &c) { return std::string(c.param.name); });
+
+// Proposes the last tree; its tags in document order, a star before those of selected nodes.
+std::string proposed() {
+    batch_propose(amount - 1);
+    std::string tags;
+    for_each_in_subtree(forest.back().root, [&](Node *node) {
+        tags += (tags.empty() ? "" : " ") + std::string(node->selected ? "*" : "") +
+                std::string(node->sem ? node->sem->view() : "-");
+    });
+    return tags;
+}
+
+TEST(Proposal, infers_a_mother_from_its_daughters) {
+    const CleanCorpus clean;
+    add_tree("(S|f(d1) NP|n/john VP|v/walks)", true);
+    Node *root = add_tree("(S|old NP/john VP/walks)");
+    EXPECT_EQ(proposed(), "f(d1) n v");
+    EXPECT_FALSE(prob_break);
+    EXPECT_EQ(text_of(root->undo_sem), "old");
+    EXPECT_EQ(MODIFIED, 3);
+}
+
+TEST(Proposal, says_no_match_where_checked_trees_are_silent) {
+    const CleanCorpus clean;
+    add_tree("(S|s NP|n/john)", false);
+    add_tree("(S (X) (Y Z/john))");
+    EXPECT_EQ(proposed(), "*NO_MATCH NO_MATCH *NO_MATCH NO_MATCH");
+    EXPECT_TRUE(prob_break);
+}
+
+TEST(Proposal, a_word_seen_under_other_categories_only_has_no_candidate) {
+    const CleanCorpus clean;
+    add_tree("(S|s NP|n/john VP|v/walks)", true);
+    add_tree("(S NN/john VP/walks)");
+    EXPECT_EQ(proposed(),
+              "s NO_MATCH v");  // the silent daughter does not stand in the way of the combination
+    EXPECT_FALSE(prob_break);
+}
+
+TEST(Proposal, falls_back_on_the_category_where_no_combination_is_known) {
+    const CleanCorpus clean;
+    add_tree("(S|s (NP|a DT/the NN|dog/dog) VP|v/barks)", true);
+    add_tree("(S|s (NP|b NN|cat/cat) VP|v/sleeps)", true);
+    // NP over two daughters occurs as "a" only, but never over DT/a: the category's own frequency decides.
+    add_tree("(S (NP DT/the NN/cat) VP/sleeps)");
+    EXPECT_EQ(proposed(), "s *a - cat v");
+    EXPECT_TRUE(prob_break);
+    // A leaf without a word takes its category's most frequent tag.
+    add_tree("(S NP VP/barks)");
+    EXPECT_EQ(proposed(), "s a v");
+}
+
+TEST(Proposal, the_first_of_two_equally_probable_ones_wins) {
+    const CleanCorpus clean;
+    add_tree("(S|second A|a/x)", true);
+    add_tree("(S|first A|a/x)", true);
+    add_tree("(S A/x)");
+    EXPECT_EQ(proposed(), "second a");
+}
+
+// A tree of that many nodes below each other, or beside each other, in which a checked one stands model.
+void propose_large(int nodes, bool deep) {
+    const CleanCorpus clean;
+    std::string text = "(S|a ";
+    for (int i = 0; i < nodes; ++i) text += deep ? "(N|b " : "W|w/w ";
+    text += deep ? "W|w/w" + std::string(static_cast<std::size_t>(nodes), ')') + ")" : ")";
+    add_tree(text, true);
+    Node *root = add_tree(text);
+    batch_propose(1);
+    EXPECT_FALSE(prob_break);
+    EXPECT_EQ(text_of(root->sem), "a");
+    EXPECT_EQ(text_of(root->dtrs->sem), deep ? "b" : "w");
+}
+
+TEST(Proposal, of_deep_and_wide_trees_needs_no_stack) {
+    propose_large(200000, true);
+    propose_large(200000, false);
+}
 
 }  // namespace
 }  // namespace brindle::test
