@@ -44,9 +44,11 @@ void release_all(Parents &parents) {
 // Counts a checked node of the category more or less in the context, once anybody has asked for these counts.
 void count_context(LabelEntry *category, const Context &context, int change) {
     if (!category->contexts) return;
-    TagCounts &tags = (*category->contexts)[context.path()];
+    const auto path = category->contexts->try_emplace(context.path()).first;
+    TagCounts &tags = path.value();
     const auto [tag, is_new] = tags.try_emplace(context.sem, change);
     if (!is_new && (tag.value() += change) == 0) tags.erase(tag);
+    if (tags.empty()) category->contexts->erase(path);
 }
 
 // One more or one less checked occurrence, by TREE_CHECKED.

@@ -240,17 +240,21 @@ void Verifier::check_parents(const Parents &parents, Key key) {
     }
 }
 
-// These counts exist only for categories that occurs_in has been asked about.
+// These counts exist only for categories that tags_above has been asked about.
 void Verifier::check_category_contexts(const LabelEntry *entry) {
     if (!entry->contexts) return;
-    for (const auto &[context, count] : *entry->contexts) {
-        const Place place{context.syn->name, context.sem->name, context.dtr_nr, context.nr_of_dtrs};
-        compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count, count);
-    }
+    for (const auto &[path, tags] : *entry->contexts)
+        for (const auto &[sem, count] : tags) {
+            const Place place{path.syn->name, sem->name, path.dtr_nr, path.nr_of_dtrs};
+            compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count, count);
+        }
     for (const LabelLink *l = entry->links.first(); l; l = l->next)
-        for (const ParentRecord *r = l->parents.first(); r; r = r->next)
-            if (r->checked_count > 0 && !entry->contexts->contains(r->key()))
+        for (const ParentRecord *r = l->parents.first(); r; r = r->next) {
+            if (r->checked_count == 0) continue;
+            const auto path = entry->contexts->find(r->key().path());
+            if (path == entry->contexts->end() || !path->second.contains(r->sem))
                 report("a context is missing: {}", text_of(entry_key(entry->name, entry->kind)));
+        }
 }
 
 template <class List>

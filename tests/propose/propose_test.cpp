@@ -2,13 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include "corpus/readtrees.hpp"
 #include "model/forest.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
 #include "propose/literal_proposal.hpp"
 #include "stats/changes.hpp"
 #include "stats/links.hpp"
-#include "support/made_tree.hpp"
+#include "stats/verify.hpp"
+#include "support/corpus.hpp"
 #include "support/random_corpus.hpp"
 
 namespace brindle::test {
@@ -63,8 +65,8 @@ TEST_P(LiterallyProposed, is_what_the_proposal_is) {
     }
     EXPECT_LT(too_many, compared / 2) << "of " << compared;
     EXPECT_GT(built, compared / 10);  // else hardly any combination was tried
-    reset_forest();
-    tables_init();
+    EXPECT_EQ(verify_tables(), "");
+    reset_all();
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, LiterallyProposed,
@@ -93,65 +95,58 @@ std::string proposed() {
 }
 
 TEST(Proposal, infers_a_mother_from_its_daughters) {
-    const CleanCorpus clean;
-    add_tree("(S|f(d1) NP|n/john VP|v/walks)", true);
-    Node *root = add_tree("(S|old NP/john VP/walks)");
+    const Corpus c("* ( (S|f(d1) NP|n/john VP|v/walks)) ( (S|old NP/john VP/walks))");
     EXPECT_EQ(proposed(), "f(d1) n v");
     EXPECT_FALSE(prob_break);
-    EXPECT_EQ(text_of(root->undo_sem), "old");
+    EXPECT_EQ(text_of(c.at(".", 1)->undo_sem), "old");
     EXPECT_EQ(MODIFIED, 3);
 }
 
 TEST(Proposal, says_no_match_where_checked_trees_are_silent) {
-    const CleanCorpus clean;
-    add_tree("(S|s NP|n/john)", false);
-    add_tree("(S (X) (Y Z/john))");
+    const Corpus c("( (S|s NP|n/john))\n( (S (X) (Y Z/john)))");
     EXPECT_EQ(proposed(), "*NO_MATCH NO_MATCH *NO_MATCH NO_MATCH");
     EXPECT_TRUE(prob_break);
 }
 
 TEST(Proposal, a_word_seen_under_other_categories_only_has_no_candidate) {
-    const CleanCorpus clean;
-    add_tree("(S|s NP|n/john VP|v/walks)", true);
-    add_tree("(S NN/john VP/walks)");
+    const Corpus c("* ( (S|s NP|n/john VP|v/walks))\n( (S NN/john VP/walks))");
     EXPECT_EQ(proposed(),
               "s NO_MATCH v");  // the silent daughter does not stand in the way of the combination
     EXPECT_FALSE(prob_break);
 }
 
 TEST(Proposal, falls_back_on_the_category_where_no_combination_is_known) {
-    const CleanCorpus clean;
-    add_tree("(S|s (NP|a DT/the NN|dog/dog) VP|v/barks)", true);
-    add_tree("(S|s (NP|b NN|cat/cat) VP|v/sleeps)", true);
-    // NP over two daughters occurs as "a" only, but never over DT/a: the category's own frequency decides.
-    add_tree("(S (NP DT/the NN/cat) VP/sleeps)");
+    // NP over two daughters occurs, but never over DT and NN/cat: the category's own frequency decides.
+    const Corpus c(
+        "* ( (S|s (NP|a DT/the NN|dog/dog) VP|v/barks))\n"
+        "* ( (S|s (NP|b NN|cat/cat) VP|v/sleeps))\n"
+        "( (S (NP DT/the NN/cat) VP/sleeps))");
     EXPECT_EQ(proposed(), "s *a - cat v");
     EXPECT_TRUE(prob_break);
-    // A leaf without a word takes its category's most frequent tag.
-    add_tree("(S NP VP/barks)");
-    EXPECT_EQ(proposed(), "s a v");
+}
+
+TEST(Proposal, a_leaf_without_a_word_takes_its_categorys_most_frequent_tag) {
+    const Corpus c("* ( (S|s (NP|a N|n/x)))\n* ( (T (NP|b) (NP|b)))\n( (NP))");
+    EXPECT_EQ(proposed(), "b");
 }
 
 TEST(Proposal, the_first_of_two_equally_probable_ones_wins) {
-    const CleanCorpus clean;
-    add_tree("(S|second A|a/x)", true);
-    add_tree("(S|first A|a/x)", true);
-    add_tree("(S A/x)");
+    const Corpus c("* ( (S|second A|a/x))\n* ( (S|first A|a/x))\n( (S A/x))");
     EXPECT_EQ(proposed(), "second a");
 }
 
-// A tree of that many nodes below each other, or beside each other, in which a checked one stands model.
+// Two trees of that many nodes below each other, or beside each other; the first is checked.
 void propose_large(int nodes, bool deep) {
-    const CleanCorpus clean;
     std::string text = "(S|a ";
     for (int i = 0; i < nodes; ++i) text += deep ? "(N|b " : "W|w/w ";
     text += deep ? "W|w/w" + std::string(static_cast<std::size_t>(nodes), ')') + ")" : ")";
-    add_tree(text, true);
-    Node *root = add_tree(text);
+    read_forest("* (" + text + ")\n(" + text + ")", "");
     batch_propose(1);
+    const Node *root = forest[1].root;
     EXPECT_FALSE(prob_break);
     EXPECT_EQ(text_of(root->sem), "a");
     EXPECT_EQ(text_of(root->dtrs->sem), deep ? "b" : "w");
+    reset_all();
 }
 
 TEST(Proposal, of_deep_and_wide_trees_needs_no_stack) {

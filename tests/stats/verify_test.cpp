@@ -67,13 +67,14 @@ TEST(verify, contexts_of_a_category_that_are_asked_for) {
     Corpus c(two_trees);
     LabelEntry *np = nonterm("NP");
     const Context context = context_of(c.at("1"));
-    ASSERT_TRUE(occurs_in(np, context));
+    ASSERT_TRUE(tags_above(np, context.path()));
     EXPECT_EQ(verify_tables(), "");
-    ++(*np->contexts)[context];
+    TagCounts &tags = (*np->contexts)[context.path()];
+    ++tags[context.sem];
     EXPECT_NE(verify_tables(), "");
-    np->contexts->erase(context);
+    tags.erase(context.sem);
     EXPECT_NE(verify_tables(), "");
-    (*np->contexts)[context] = 1;
+    tags[context.sem] = 1;
 }
 
 }  // namespace
