@@ -88,7 +88,7 @@ void RandomEdits::add_questions() {
              if (!node->mother) return;
              const Context context = context_of(node);
              LabelEntry *category = category_entry(node);
-             occurs_in(category, context);
+             tags_above(category, context.path());
              PathTags room;
              search_link(category, tag_entry(node))->parents.tags_of(context.path(), room);
          }});
