@@ -95,7 +95,7 @@ std::string proposed() {
 }
 
 TEST(Proposal, infers_a_mother_from_its_daughters) {
-    const Corpus c("* ( (S|f(d1) NP|n/john VP|v/walks)) ( (S|old NP/john VP/walks))");
+    const Corpus c("* ( (S|f(d1) NP|n/john VP|v/walks))\n( (S|old NP/john VP/walks))");
     EXPECT_EQ(proposed(), "f(d1) n v");
     EXPECT_FALSE(prob_break);
     EXPECT_EQ(text_of(c.at(".", 1)->undo_sem), "old");
