@@ -6,6 +6,7 @@
 #include <CLI/CLI.hpp>
 
 #include "app/batch/options.hpp"
+#include "model/output_file.hpp"
 #include "model/text.hpp"
 
 namespace brindle::batch {
@@ -92,8 +93,11 @@ int usage(std::string_view message) {
 // Builds the command line from the table of actions, parses it, and runs the action.
 int run(int argc, char **argv) {
     CLI::App app(description, "brindle-batch");
+    app.allow_extras();
     app.set_version_flag("--version", "brindle-batch " BRINDLE_VERSION);
-    app.require_subcommand(1, 1);
+    app.get_formatter()->label("SUBCOMMAND", "ACTION");
+    app.get_formatter()->label("Subcommands", "Actions");
+    app.get_formatter()->label("TEXT:{", "{");
     app.failure_message([](const CLI::App *, const CLI::Error &) { return std::string(); });
     app.footer(
         "'brindle-batch ACTION --help' tells the options of an action.\n"
@@ -103,6 +107,7 @@ int run(int argc, char **argv) {
     for (const Action &action : actions()) {
         CLI::App *command = app.add_subcommand(action.name, action.help);
         command->footer(action.details);
+        command->allow_extras(false);
         add_options(*command, action, parsed.emplace_back());
     }
     try {
@@ -112,6 +117,8 @@ int run(int argc, char **argv) {
     } catch (const CLI::ParseError &mistake) {
         return usage(mistake.what());
     }
+    if (app.get_subcommands().empty())
+        return usage(argc > 1 ? fmt::format("no such action: {}", argv[1]) : std::string("no action given"));
     const CLI::App *chosen = app.get_subcommands().front();
     for (std::size_t i = 0; i < actions().size(); ++i)
         if (chosen->get_name() == actions()[i].name) try {
@@ -127,5 +134,6 @@ int run(int argc, char **argv) {
 
 int main(int argc, char **argv) {
     brindle::set_text_locale();
+    brindle::remove_unfinished_files_on_signals(true);
     return brindle::batch::run(argc, argv);
 }

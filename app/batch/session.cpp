@@ -13,6 +13,7 @@
 #include "model/forest.hpp"
 #include "model/input_file.hpp"
 #include "model/output_file.hpp"
+#include "wordgraph/readwg.hpp"
 
 namespace brindle::batch {
 namespace {
@@ -54,6 +55,7 @@ int write_to(const std::string &name, Produce produce) {
 void load(const Options &options) {
     readcorpus(options.corpus);
     CORPUS = options.corpus;
+    if (!options.wordgraphs.empty()) read_wordgraphs(options.wordgraphs);
 }
 
 int tree_index(int number) {
