@@ -12,8 +12,10 @@ namespace brindle {
 // the text, and each distinct label is tested once, however many nodes carry it.
 class Pattern {
   public:
-    // Exact: the labels themselves; null matches anything.
-    static Pattern exact(const Label *syn, const Label *sem, const Label *lex);
+    // Exact: the labels themselves; null matches anything. With a kind, the category is that of nodes with a
+    // word (TERM) or of nodes without (NONTERM): two different labels, even when they are spelled alike.
+    static Pattern exact(const Label *syn, const Label *sem, const Label *lex,
+                         std::optional<LabelKind> kind = std::nullopt);
     // Substrings; no value matches anything.
     static Pattern substring(std::optional<std::string> syn, std::optional<std::string> sem,
                              std::optional<std::string> lex);
@@ -25,14 +27,30 @@ class Pattern {
     bool match(const Node *node) const;
 
   private:
+    friend Node *next_match(const Pattern &pattern, Node *root, const Node *start);
+
+    // What exact mode compares, by value, so that a search touches nothing but the nodes.
+    struct Exact {
+        const Label *syn, *sem, *lex;
+        bool any_kind, with_word;
+        bool match(const Node *n) const {
+            return (!sem || n->sem == sem) && (!lex || n->lex == lex) && (!syn || n->syn == syn) &&
+                   (any_kind || (n->lex != nullptr) == with_word);
+        }
+    };
+    struct Part;
+    struct Parts;
+
     Pattern();
-    struct Field;
-    struct Fields;
-    std::unique_ptr<Fields> fields_;
+    Exact exact_{};
+    std::unique_ptr<Parts> parts_;  // null in exact mode
 };
 
-// The first match in document order in the tree of `root`, after `start` (null: from the root on, itself
-// included). Null if nothing matches or `start` is not in the tree.
+// The first match in document order after `start` (null: from the root on, itself included), null if there is
+// none. REQUIRES: `start` is in the tree of `root`.
+Node *next_match(const Pattern &pattern, Node *root, const Node *start);
+
+// The same, but null if `start` is not in the tree. Looking that up costs a climb to the root.
 Node *is_in_tree(const Pattern &pattern, Node *root, const Node *start);
 
 }  // namespace brindle
