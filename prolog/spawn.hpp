@@ -1,0 +1,66 @@
+#pragma once
+// Programs run as children on pipes.
+#include <sys/types.h>
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace brindle {
+
+// An open descriptor and its owner; -1: none.
+class Fd {
+  public:
+    Fd() = default;
+    explicit Fd(int fd) : fd_(fd) {}
+    ~Fd() { reset(); }
+    Fd(Fd &&other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+    Fd &operator=(Fd &&other) noexcept {
+        if (this != &other) reset(std::exchange(other.fd_, -1));
+        return *this;
+    }
+    int get() const { return fd_; }
+    // Gives the descriptor away.
+    int release() { return std::exchange(fd_, -1); }
+    // Closes the descriptor and takes another.
+    void reset(int fd = -1);
+
+  private:
+    int fd_ = -1;
+};
+
+// A new pipe's read end and write end, neither of them a standard descriptor, both closed on exec. Both -1
+// when the system has none left (errno tells).
+struct Pipe {
+    Fd read;
+    Fd write;
+};
+Pipe make_pipe();
+
+// What a child is started with.
+struct SpawnRequest {
+    std::vector<std::string> arguments;  // the program, searched along the path, and its arguments; not empty
+    int input = -1;                      // becomes standard input
+    int output = -1;                     // becomes standard output
+    bool errors_to_output = false;       // standard error too; else it stays as it is
+    std::string directory;               // changed to first unless empty; a failure is told on standard error
+    std::string not_found;               // written when the program is not found, after its name
+    int not_found_fd = 2;                // to this descriptor
+    int failure_status = 255;            // the child's exit status when it cannot be executed
+};
+
+struct Spawned {
+    pid_t pid = -1;  // -1: the fork failed; the reason is on standard error
+    bool executed =
+        false;  // false: the program could not be executed, and the child has ended or is about to
+};
+
+// Starts the program with every signal at its default and no other descriptor open. A program that cannot be
+// executed says so as the request asks and ends with the request's status.
+Spawned spawn(const SpawnRequest &request);
+
+// write(2) to a pipe; without a reader it fails with EPIPE and no signal is left behind.
+ssize_t write_to_pipe(int fd, std::string_view bytes);
+
+}  // namespace brindle
