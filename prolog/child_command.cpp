@@ -24,18 +24,6 @@ bool is_program(const fs::path &path) {
     return fs::is_regular_file(path, error) && access(path.c_str(), X_OK) == 0;
 }
 
-// Where this program lies, and the folders above it, nearest first.
-std::vector<fs::path> own_folders() {
-    std::error_code error;
-    std::vector<fs::path> folders;
-    fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
-    for (; !folder.empty(); folder = folder.parent_path()) {
-        folders.push_back(folder);
-        if (folder == folder.root_path()) break;
-    }
-    return folders;
-}
-
 }  // namespace
 
 std::vector<std::string> command_words(std::string_view command) {
@@ -70,16 +58,11 @@ bool is_on_path(const std::string &program) {
 }
 
 std::string find_bridge() {
-    const std::vector<fs::path> folders = own_folders();
-    if (folders.empty()) return {};
-    std::vector<fs::path> places{folders.front() / "../share/brindle/bridge.pl"};
-    for (const fs::path &folder : folders) places.push_back(folder / "prolog/bridge.pl");
-#ifdef BRINDLE_BRIDGE
-    places.emplace_back(BRINDLE_BRIDGE);
-#endif
-    for (const fs::path &place : places) {
-        std::error_code error;
-        if (fs::is_regular_file(place, error)) return place.lexically_normal().string();
+    std::error_code error;
+    const fs::path folder = fs::read_symlink("/proc/self/exe", error).parent_path();
+    for (const char *place : {"../share/brindle/bridge.pl", "../prolog/bridge.pl"}) {
+        const fs::path bridge = (folder / place).lexically_normal();
+        if (fs::is_regular_file(bridge, error)) return bridge.string();
     }
     return {};
 }

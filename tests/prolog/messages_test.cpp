@@ -72,8 +72,7 @@ TEST_F(Messages, what_cannot_be_a_tag_is_refused_at_the_node) {
                                     std::string("a\tb"), std::string("a\nb"), std::string(1024, 'x')}) {
         EXPECT_EQ(filtered(text), "old") << text;
         ASSERT_EQ(front.log.size(), 1u) << text;
-        EXPECT_EQ(front.log.front().substr(0, 10), "S:Prolog's") << front.log.front().substr(0, 80);
-        if (text.front() == 'a') EXPECT_EQ(front.log.front(), "S:" + std::string(unfit_for_tag(text)));
+        EXPECT_EQ(front.log.front(), "S:" + std::string(unfit_for_tag(text)));
     }
     EXPECT_EQ(filtered(std::string(1023, 'x')), std::string(1023, 'x'));
 }

@@ -52,7 +52,7 @@ TEST_F(Stream, messages_in_one_chunk) {
     EXPECT_EQ(fed({"begin messageend message"}), Log{"message:"});
     EXPECT_EQ(fed({"end messagebegin messagebegin messageend message"}),
               (Log{"text:end message", "message:begin message"}));
-    EXPECT_EQ(fed({std::string_view("a\0begin messageb\0cend message", 28)}),
+    EXPECT_EQ(fed({std::string_view("a\0begin messageb\0cend message", 29)}),
               (Log{std::string("text:a\0", 7), std::string("message:b\0c", 11)}));
 }
 
