@@ -2,14 +2,14 @@
 
 #include <fmt/format.h>
 
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "model/forest.hpp"
 #include "model/frontend.hpp"
-#include "model/limits.hpp"
+#include "model/label_rules.hpp"
 #include "model/request.hpp"
-#include "model/text.hpp"
 #include "prolog/host.hpp"
 #include "prolog/stream.hpp"
 #include "stats/changes.hpp"
@@ -28,8 +28,9 @@ std::string_view without_outer_newlines(std::string_view text) {
 
 void filter_answer(Node *node, std::string_view message, TreeView *shown_in) {
     const std::string_view tag = without_outer_newlines(message);
-    if (const char *reason = unfit_for_tag(tag)) {
-        frontend->prompt_at_node(node, reason, BATCH_TREE_GUI, false);
+    if (const std::optional<std::string> reason = refuse_tag(tag)) {
+        const std::string text = fmt::format("Prolog's answer cannot be the tag:\n{}", *reason);
+        frontend->prompt_at_node(node, text, BATCH_TREE_GUI, false);
         return;
     }
     const TreeEntry *tree = tree_of(node);
@@ -38,21 +39,6 @@ void filter_answer(Node *node, std::string_view message, TreeView *shown_in) {
 }
 
 }  // namespace
-
-const char *unfit_for_tag(std::string_view text) {
-    if (text.size() >= MAXSEM) return "Prolog's answer is too long for a semantic tag";
-    int depth = 0;
-    const char *end = text.data() + text.size();
-    for (const char *p = text.data(); p < end;) {
-        const std::size_t length = *p == ' ' ? 1 : graphic_length(p, end);
-        if (length == 0) return "Prolog's answer holds a character that no semantic tag can hold";
-        if (*p == START_LEX_TAG) return "Prolog's answer holds a \"/\": that is no semantic tag";
-        depth += *p == '(' ? 1 : *p == ')' ? -1 : 0;
-        if (depth < 0) break;
-        p += length;
-    }
-    return depth == 0 ? nullptr : "The brackets of Prolog's answer do not match: that is no semantic tag";
-}
 
 void show_message(PrologHost &host, std::string_view message) {
     if (FILTER_NODE && !BATCH) {

@@ -14,7 +14,4 @@ void show_message(PrologHost &host, std::string_view message);
 // Tells that the prompt came inside a message, ends a batch that waited for it, and clears who asked.
 void no_end_message(PrologHost &host);
 
-// Why the text cannot be a tag that a saved corpus holds, or null when it can.
-const char *unfit_for_tag(std::string_view text);
-
 }  // namespace brindle

@@ -4,11 +4,12 @@
 
 #include <vector>
 
-#include "model/frontend.hpp"
+#include "model/label_rules.hpp"
 #include "model/request.hpp"
 #include "prolog/poll_host.hpp"
 #include "stats/tables.hpp"
-#include "support/made_tree.hpp"
+#include "support/corpus.hpp"
+#include "support/recording_front_end.hpp"
 
 namespace brindle {
 namespace {
@@ -22,22 +23,9 @@ struct Host final : PollHost {
     std::vector<std::string> log;
 };
 
-struct Front final : FrontEnd {
-    void prompt_at_node(const Node *node, std::string_view text, TreeView *, bool) override {
-        log.push_back(std::string(text_of(node->syn)) + ":" + std::string(text));
-    }
-    void tree_GUI_repaint(TreeView *) override { log.push_back("repaint"); }
-    std::vector<std::string> log;
-};
-
 class Messages : public ::testing::Test {
   protected:
-    Messages() {
-        root = test::add_tree("(S|old (NP/towns))", true);
-        frontend = &front;
-        BATCH_TREE_GUI = &view;
-    }
-    ~Messages() override { frontend = silent_frontend(); }
+    Messages() { BATCH_TREE_GUI = &view; }
 
     std::string_view filtered(std::string_view message) {
         front.log.clear();
@@ -46,11 +34,11 @@ class Messages : public ::testing::Test {
         return text_of(root->sem);
     }
 
-    test::CleanCorpus clean;
+    test::Corpus corpus{"* ( (S|old NP/towns) )"};
+    test::RecordingFrontEnd front;
     Host host;
-    Front front;
     TreeView view;
-    Node *root;
+    Node *root = corpus.at(".");
 };
 
 TEST_F(Messages, filter_gives_the_node_its_tag_and_repaints) {
@@ -72,7 +60,8 @@ TEST_F(Messages, what_cannot_be_a_tag_is_refused_at_the_node) {
                                     std::string("a\tb"), std::string("a\nb"), std::string(1024, 'x')}) {
         EXPECT_EQ(filtered(text), "old") << text;
         ASSERT_EQ(front.log.size(), 1u) << text;
-        EXPECT_EQ(front.log.front(), "S:" + std::string(unfit_for_tag(text)));
+        EXPECT_EQ(front.log.front(),
+                  "prompt at .: Prolog's answer cannot be the tag:\n" + refuse_tag(text).value());
     }
     EXPECT_EQ(filtered(std::string(1023, 'x')), std::string(1023, 'x'));
 }

@@ -12,7 +12,7 @@
 #include "model/request.hpp"
 #include "prolog/child_command.hpp"
 #include "prolog/poll_host.hpp"
-#include "support/made_tree.hpp"
+#include "support/corpus.hpp"
 
 namespace brindle {
 namespace {
@@ -75,7 +75,7 @@ class Child : public ::testing::Test {
         host.run_until([] { return false; }, seconds);
     }
 
-    test::CleanCorpus clean;
+    test::Corpus corpus{"( (S|f(a) NP/towns) )"};
     Host host;
 };
 
@@ -103,7 +103,7 @@ TEST_F(Child, swipl_answers_and_sends_messages) {
     EXPECT_EQ(answer("no_such_thing."), "ERROR: Unknown procedure: no_such_thing/0\n\n");
     EXPECT_EQ(answer("write(before), message('a text'), write(after)"), "beforeafter\ntrue.\n\n");
     EXPECT_EQ(host.notices, std::vector<std::string>{"a text"});
-    Node *root = test::add_tree("(S|f(a) (NP/towns))");
+    Node *root = corpus.at(".");
     FILTER_NODE = root;
     answer("message(g(X,'B c')).");
     EXPECT_EQ(text_of(root->sem), "g(X,'B_c')");
@@ -145,7 +145,7 @@ TEST_F(Child, exit_restarts_with_two_notices) {
 TEST_F(Child, end_by_a_signal_leaves_the_field_usable) {
     ASSERT_TRUE(start_script("while read q; do [ $q = die ] && kill -9 $$; echo $q; printf '?- '; done"));
     BATCH = true;
-    FILTER_NODE = test::add_tree("(S|f(a) (NP/towns))");
+    FILTER_NODE = corpus.at(".");
     commando("die");
     ASSERT_TRUE(host.run_until([this] { return !host.foot.empty(); }, 20));
     EXPECT_EQ(host.foot, "Prolog was ended by signal 9");
@@ -230,7 +230,7 @@ TEST_F(Child, that_ends_or_goes_on_writing_while_a_notice_is_up) {
 
 TEST_F(Child, prompts_drive_the_batch) {
     ASSERT_TRUE(start_script("while read q; do printf 'begin message%send message?- ' $q; done"));
-    Node *root = test::add_tree("(S|f(a) (NP/towns))");
+    Node *root = corpus.at(".");
     BATCH = true;
     FILTER_NODE = root;
     ASSERT_TRUE(send_query("new\n", nullptr));
