@@ -1,10 +1,11 @@
 #include "corpus/saving.hpp"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
-#include <cerrno>
-#include <cstring>
 #include <tuple>
+
+#include <fmt/printf.h>
 
 #include "corpus/writetrees.hpp"
 #include "model/output_file.hpp"
@@ -13,40 +14,96 @@
 namespace brindle {
 namespace {
 
-struct FileSink : TextSink {
-    explicit FileSink(OutputFile &to) : file(to) {}
-    bool write(std::string_view piece) override { return file.write(piece); }
-    OutputFile &file;
-};
-
 bool later(const std::timespec &a, const std::timespec &b) {
     return std::tie(a.tv_sec, a.tv_nsec) > std::tie(b.tv_sec, b.tv_nsec);
+}
+
+SaveResult cannot_write(const char *format, const WriteFault &fault) {
+    return {SaveStatus::cannot_write, fault.reason, fmt::sprintf(format, fault.name, fault.reason)};
+}
+
+constexpr const char *cannot_save = "Cannot write to:\n%s\n%s";
+constexpr const char *cannot_save_as = "cannot write to:\n%s\n%s";
+
+// Writes the corpus natively; an empty name: it has been written. Its time is then `modified`.
+WriteFault write_natively(const std::string &name, std::timespec &modified) {
+    OutputFile file(name);
+    if (!file.ok() || !save_corpus(file) || !file.commit()) return {name, file.error()};
+    modified = file.modified();
+    return {};
+}
+
+void note_saved(const std::string &name, const std::timespec &modified) {
+    reset_edits();
+    CORPUS = name;
+    CORPUS_MOD_TIME = modified;
+}
+
+SaveResult save_natively(const std::string &name, const char *refusal) {
+    std::timespec modified = {};
+    const WriteFault fault = write_natively(name, modified);
+    if (!fault.name.empty()) return cannot_write(refusal, fault);
+    note_saved(name, modified);
+    return {SaveStatus::saved, {}, name + " saved"};
+}
+
+WriteFault write_dop(const std::string &name, CorpusFormat format) {
+    OutputFile file(name);
+    if (!file.ok()) return {name, file.error()};
+    TreeWriter writer(format, augments(name), file);
+    for (int t = 0; t < amount && writer.write(t, t + 1); ++t) {
+    }
+    return commit_all(writer, file, name);
+}
+
+WriteFault write_information(const std::string &name, TreeView *view, const EvaluateFormula &evaluate) {
+    OutputFile file(name);
+    if (file.ok() && write_documented_corpus(file, view, evaluate) && file.commit()) return {};
+    return {name, file.error()};
+}
+
+std::string written_message(const std::string &name, CorpusFormat format) {
+    if (format == CorpusFormat::info) return name + " written in INFO-format";
+    return fmt::sprintf("%s written in %sDOP-format %d", name, augments(name) ? "\"augmented\" " : "",
+                        static_cast<int>(format));
 }
 
 }  // namespace
 
 SaveResult write_corpus(const std::string &name) {
-    OutputFile file(name);
-    FileSink sink(file);
-    if (file.ok() && save_corpus(sink) && file.commit()) return {};
-    return {SaveStatus::cannot_write, file.error()};
+    std::timespec modified = {};
+    const WriteFault fault = write_natively(name, modified);
+    return fault.name.empty() ? SaveResult{} : cannot_write(cannot_save_as, fault);
 }
 
 void note_saved(const std::string &name) {
-    reset_edits();
-    CORPUS = name;
     struct stat status = {};
-    if (stat(name.c_str(), &status) == 0) CORPUS_MOD_TIME = status.st_mtim;
+    note_saved(name, stat(name.c_str(), &status) == 0 ? status.st_mtim : std::timespec{});
 }
 
 SaveResult save() {
+    const std::string name = CORPUS;
     struct stat status = {};
-    const bool exists = stat(CORPUS.c_str(), &status) == 0;
-    if (exists && later(status.st_mtim, CORPUS_MOD_TIME)) return {SaveStatus::newer_on_disk, {}};
-    if (exists && S_ISREG(status.st_mode)) backup(CORPUS);  // a backup that fails does not stop the save
-    SaveResult result = write_corpus(CORPUS);
-    if (result.status == SaveStatus::saved) note_saved(std::string(CORPUS));
-    return result;
+    const bool exists = stat(name.c_str(), &status) == 0;
+    if (exists && later(status.st_mtim, CORPUS_MOD_TIME))
+        return {SaveStatus::newer_on_disk,
+                {},
+                fmt::sprintf("Refuse to save to %s:\nFile on disk is newer.", name)};
+    if (exists && S_ISREG(status.st_mode)) backup(name);  // a backup that fails does not stop the save
+    return save_natively(name, cannot_save);
+}
+
+SaveResult save_as(const std::string &name, CorpusFormat format, TreeView *view,
+                   const EvaluateFormula &evaluate) {
+    if (format == CorpusFormat::atis) return save_natively(name, cannot_save_as);
+    const WriteFault fault =
+        format == CorpusFormat::info ? write_information(name, view, evaluate) : write_dop(name, format);
+    if (!fault.name.empty()) return cannot_write(cannot_save_as, fault);
+    return {SaveStatus::saved, {}, written_message(name, format)};
+}
+
+bool can_be_read(const std::string &name) {
+    return access(name.c_str(), R_OK) == 0;
 }
 
 }  // namespace brindle

@@ -2,6 +2,8 @@
 // Saving the corpus, with the bookkeeping that goes with it and without a window.
 #include <string>
 
+#include "corpus/formats.hpp"
+
 namespace brindle {
 
 enum class SaveStatus {
@@ -13,11 +15,21 @@ enum class SaveStatus {
 struct SaveResult {
     SaveStatus status = SaveStatus::saved;
     std::string reason;
+    std::string message;  // what to show: the footer of a save, else the text of the notice
 };
 
 // Writes the corpus to the file CORPUS, its old contents to CORPUS.bak; on success forgets the undo state,
 // sets MODIFIED to 0 and CORPUS_MOD_TIME to the new file's time. Otherwise all of that stays.
 SaveResult save();
+
+// Writes the corpus under the name in one of the formats, whole or not at all; an existing file is
+// overwritten. A save in the native format makes the name the corpus name (CORPUS) and is a save in every
+// other respect; the other formats change nothing. `evaluate` and `view` serve the information format.
+SaveResult save_as(const std::string &name, CorpusFormat format, TreeView *view = nullptr,
+                   const EvaluateFormula &evaluate = {});
+
+// True if a file of that name can be opened for reading: "Save as" asks before it overwrites it.
+bool can_be_read(const std::string &name);
 
 // Writes the corpus in the native format to the file, whole or not at all, with no bookkeeping.
 SaveResult write_corpus(const std::string &name);

@@ -2,16 +2,11 @@
 
 #include <charconv>
 
+#include "model/punctuation.hpp"
+#include "model/traversal.hpp"
+
 namespace brindle {
 namespace {
-
-constexpr std::size_t piece_size = 1 << 20;
-
-bool is_punctuation(const Label *category) {
-    if (category->size != 1) return false;
-    const char c = category->text()[0];
-    return c == '.' || c == '!' || c == '?';
-}
 
 // A node whose first daughter has daughters or a word is a block of its own; any other is written in its
 // line.
@@ -37,7 +32,7 @@ void open_node(const Node *node, std::string &out, int level) {
             out += ' ';
         else
             indent(out, level);
-    } else if (is_punctuation(node->syn)) {
+    } else if (punctuation(node->syn)) {
         out += '\n';
         indent(out, level);
     } else {
@@ -60,57 +55,71 @@ void tree_number(int number, std::string &out) {
     out.append("\ntree #").append(digits, end) += '\n';
 }
 
-void write_tree(const Node *node, std::string &out, int level) {
+void write_tree(const Node *node, TextBuffer &out, int level) {
     const Node *const above = node->mother;
     while (true) {
-        open_node(node, out, level);
+        out.spill();
+        open_node(node, out.text, level);
         if (node->dtrs) {
             node = node->dtrs;
             ++level;
             continue;
         }
-        close_node(node, out);
+        close_node(node, out.text);
         while (!node->sister) {
             node = node->mother;
             if (node == above) return;
             --level;
-            close_node(node, out);
+            close_node(node, out.text);
         }
         node = node->sister;
     }
 }
 
-void write_tree_entry(const TreeEntry &tree, std::string &out) {
-    if (tree.checked) out += "*\n";
-    out += '(';
+void write_tree_entry(const TreeEntry &tree, TextBuffer &out) {
+    if (tree.checked) out.text += "*\n";
+    out.text += '(';
     write_tree(tree.root, out, 0);
-    out += ")\n";
-    if (tree.wordgraph) (out += *tree.wordgraph) += '\n';
+    out.text += ")\n";
+    if (tree.wordgraph) (out.text += *tree.wordgraph) += '\n';
+}
+
+namespace {
+
+// Lets `write` append to a text through a buffer that keeps everything.
+template <class Write>
+void append_to(std::string &out, Write write) {
+    TextBuffer buffer;
+    buffer.text.swap(out);
+    write(buffer);
+    buffer.text.swap(out);
+}
+
+}  // namespace
+
+void write_tree(const Node *node, std::string &out, int level) {
+    append_to(out, [&](TextBuffer &buffer) { write_tree(node, buffer, level); });
+}
+
+void write_tree_entry(const TreeEntry &tree, std::string &out) {
+    append_to(out, [&](TextBuffer &buffer) { write_tree_entry(tree, buffer); });
 }
 
 void write_the_words(const Node *root, std::string &out) {
-    for (const Node *n = root; n;) {
+    for (const Node *n = root; n; n = next_in_document(n, root))
         if (n->lex) (out += n->lex->view()) += ' ';
-        if (n->dtrs) {
-            n = n->dtrs;
-            continue;
-        }
-        while (n && !n->sister) n = n->mother;
-        if (n) n = n->sister;
-    }
     out += '\n';
 }
 
 bool save_corpus(TextSink &sink) {
-    std::string piece = "\n";
-    for (int t = 0; t < amount; ++t) {
-        tree_number(t + 1, piece);
-        write_tree_entry(forest[static_cast<std::size_t>(t)], piece);
-        if (piece.size() < piece_size) continue;
-        if (!sink.write(piece)) return false;
-        piece.clear();
+    TextBuffer out(sink);
+    out.text = "\n";
+    for (int t = 0; t < amount && out.ok(); ++t) {
+        tree_number(t + 1, out.text);
+        write_tree_entry(forest[static_cast<std::size_t>(t)], out);
+        out.spill();
     }
-    return sink.write(piece);
+    return out.flush();
 }
 
 }  // namespace brindle

@@ -1,28 +1,28 @@
 #pragma once
-// The writers of the corpus format, appending to a text. The reader (readtrees.hpp) reads what they write.
+// The writers of the corpus format. The reader (readtrees.hpp) reads what they write.
 #include <string>
 
 #include "model/forest.hpp"
+#include "model/text_sink.hpp"
 
 namespace brindle {
 
 // "\ntree #<number>\n".
 void tree_number(int number, std::string &out);
 
-// The node and its right sisters as bracketings, from that level of indentation on.
+// The node and its right sisters as bracketings, from that level of indentation on. The buffer may spill
+// between two nodes.
+void write_tree(const Node *node, TextBuffer &out, int level);
+
+// The same, appended to a text.
 void write_tree(const Node *node, std::string &out, int level);
 
 // One tree of a saved corpus: its mark if it is checked, its bracketing, its word graph.
+void write_tree_entry(const TreeEntry &tree, TextBuffer &out);
 void write_tree_entry(const TreeEntry &tree, std::string &out);
 
 // The words of the tree, each followed by a blank, and a newline.
 void write_the_words(const Node *root, std::string &out);
-
-// Something that takes the text of a corpus piece by piece; false: it cannot be written, stop.
-struct TextSink {
-    virtual ~TextSink() = default;
-    virtual bool write(std::string_view piece) = 0;
-};
 
 // The whole corpus in the native format. False as soon as the sink fails.
 bool save_corpus(TextSink &sink);

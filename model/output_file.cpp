@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cerrno>
@@ -11,7 +12,7 @@
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
+#include <utility>
 
 #include "model/input_file.hpp"
 
@@ -23,7 +24,14 @@ constexpr std::size_t buffer_size = 1 << 20;
 // The names of unfinished files, where a signal handler may read them.
 std::array<std::atomic<char *>, 16> unfinished;
 
+void remove_unfinished() {
+    for (auto &name : unfinished)
+        if (const char *n = name.load()) unlink(n);
+}
+
 int enlist(const std::string &name) {
+    static const int registered = std::atexit(remove_unfinished);
+    static_cast<void>(registered);
     char *copy = strdup(name.c_str());
     for (std::size_t i = 0; i < unfinished.size(); ++i) {
         char *nothing = nullptr;
@@ -37,23 +45,39 @@ void strike(int slot) {
     if (slot >= 0) std::free(unfinished[static_cast<std::size_t>(slot)].exchange(nullptr));
 }
 
-extern "C" void remove_unfinished(int signal_number) {
-    for (auto &name : unfinished)
-        if (const char *n = name.load()) unlink(n);
+extern "C" void remove_unfinished_on(int signal_number) {
+    remove_unfinished();
     std::signal(signal_number, SIG_DFL);
     raise(signal_number);
 }
 
-// Where the target's links lead; the target itself when nothing is there yet.
-std::string followed(const std::string &target) {
-    const std::unique_ptr<char, decltype(&std::free)> path(realpath(target.c_str(), nullptr), &std::free);
-    if (path) return path.get();
+// What the link holds, as a name; "" if it is no link.
+std::string link_target(const std::string &name) {
     char link[PATH_MAX];
-    const ssize_t length = readlink(target.c_str(), link, sizeof link);
-    if (length <= 0) return target;
+    const ssize_t length = readlink(name.c_str(), link, sizeof link);
+    if (length <= 0) return {};
     const std::string to(link, static_cast<std::size_t>(length));
+    const std::size_t slash = name.rfind('/');
+    return to.front() == '/' || slash == std::string::npos ? to : name.substr(0, slash + 1) + to;
+}
+
+// Where the target's links lead, even when nothing is there yet. Links in a circle are left to fail later.
+std::string followed(std::string target) {
+    constexpr int most_links = 40;
+    for (int i = 0; i < most_links; ++i) {
+        std::string next = link_target(target);
+        if (next.empty()) break;
+        target = std::move(next);
+    }
+    return target;
+}
+
+// A name for the unfinished file, for mkostemp. Long names are cut: the file system has a limit for them.
+std::string name_beside(const std::string &target) {
+    constexpr std::size_t longest = NAME_MAX - 7;
     const std::size_t slash = target.rfind('/');
-    return to.front() == '/' || slash == std::string::npos ? to : target.substr(0, slash + 1) + to;
+    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+    return target.substr(0, start + std::min(longest, target.size() - start)) + ".XXXXXX";
 }
 
 mode_t default_mode() {
@@ -74,19 +98,22 @@ void sync_folder(const std::string &file) {
 
 }  // namespace
 
-OutputFile::OutputFile(const std::string &target) : target_(followed(target)) {
+OutputFile::OutputFile(const std::string &target, std::optional<mode_t> mode) : target_(followed(target)) {
     struct stat status = {};
     const bool exists = stat(target_.c_str(), &status) == 0;
     if (exists && !S_ISREG(status.st_mode)) {
         fd_ = open(target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
         if (fd_ < 0) fail();
-        return;
-    }
-    if (exists && access(target_.c_str(), W_OK) != 0) {
+    } else if (exists && access(target_.c_str(), W_OK) != 0) {
         fail();
-        return;
+    } else {
+        create_beside(exists ? &status : nullptr, mode);
     }
-    beside_ = target_ + ".XXXXXX";
+}
+
+// Owner and group are kept as far as the system lets us.
+void OutputFile::create_beside(const struct stat *old, std::optional<mode_t> mode) {
+    beside_ = name_beside(target_);
     fd_ = mkostemp(beside_.data(), O_CLOEXEC);
     if (fd_ < 0) {
         fail();
@@ -94,12 +121,16 @@ OutputFile::OutputFile(const std::string &target) : target_(followed(target)) {
         return;
     }
     slot_ = enlist(beside_);
-    if (fchmod(fd_, exists ? status.st_mode & 07777 : default_mode()) != 0) fail();
-    if (exists && geteuid() == 0 && fchown(fd_, status.st_uid, status.st_gid) != 0) fail();
+    if (old && fchown(fd_, old->st_uid, old->st_gid) != 0) {
+        [[maybe_unused]] const int group_kept = fchown(fd_, static_cast<uid_t>(-1), old->st_gid);
+    }
+    if (fchmod(fd_, old ? old->st_mode & 07777 : mode ? *mode & 07777 : default_mode()) != 0) fail();
 }
 
 OutputFile::~OutputFile() {
-    give_up();
+    if (fd_ >= 0) close(fd_);
+    if (!beside_.empty()) unlink(beside_.c_str());
+    strike(slot_);
 }
 
 bool OutputFile::fail() {
@@ -111,7 +142,7 @@ bool OutputFile::write_out(const char *bytes, std::size_t size) {
     while (size > 0) {
         const ssize_t written = ::write(fd_, bytes, size);
         if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return fail();
+        if (written <= 0) return fail();
         bytes += written;
         size -= static_cast<std::size_t>(written);
     }
@@ -132,12 +163,20 @@ bool OutputFile::write(std::string_view piece) {
     return true;
 }
 
-bool OutputFile::commit() {
-    if (!ok() || !flush()) return false;
+bool OutputFile::complete() {
+    if (!ok()) return false;
+    if (fd_ < 0) return true;
+    if (!flush()) return false;
+    struct stat status = {};
     if (!beside_.empty() && fsync(fd_) != 0) return fail();
+    if (fstat(fd_, &status) == 0) modified_ = status.st_mtim;
     const int closed = close(fd_);
     fd_ = -1;
-    if (closed != 0) return fail();
+    return closed == 0 || fail();
+}
+
+bool OutputFile::commit() {
+    if (!complete()) return false;
     if (beside_.empty()) return true;
     if (rename(beside_.c_str(), target_.c_str()) != 0) return fail();
     strike(slot_);
@@ -147,26 +186,21 @@ bool OutputFile::commit() {
     return true;
 }
 
-void OutputFile::give_up() {
-    if (fd_ >= 0) close(fd_);
-    fd_ = -1;
-    if (!beside_.empty()) unlink(beside_.c_str());
-    strike(slot_);
-}
-
 std::string OutputFile::error() const {
     return std::strerror(fault_);
 }
 
 void remove_unfinished_files_on_signals(bool pipes) {
-    for (const int signal_number : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal_number, remove_unfinished);
-    if (pipes) std::signal(SIGPIPE, remove_unfinished);
+    for (const int signal_number : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal_number, remove_unfinished_on);
+    if (pipes) std::signal(SIGPIPE, remove_unfinished_on);
+    std::signal(SIGXFSZ, SIG_IGN);
 }
 
 bool backup(const std::string &name) {
+    struct stat status = {};
     const InputFile old(name);
-    if (!old.ok()) return false;
-    OutputFile copy(name + ".bak");
+    if (!old.ok() || stat(name.c_str(), &status) != 0) return false;
+    OutputFile copy(name + ".bak", status.st_mode);
     return copy.write(old.text()) && copy.commit();
 }
 

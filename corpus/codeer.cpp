@@ -1,0 +1,207 @@
+#include "corpus/codeer.hpp"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <deque>
+#include <vector>
+
+#include <fmt/format.h>
+#include <tsl/robin_map.h>
+#include <tsl/robin_set.h>
+
+#include "model/error.hpp"
+#include "model/output_file.hpp"
+#include "stats/tables.hpp"
+
+namespace brindle {
+namespace {
+
+// A category with those of its daughters, and how often nodes with any tag had them.
+struct Production {
+    std::string key;  // the categories, joined by '_'
+    std::uint32_t bucket;
+    int nr_of_tags = 0;
+    int count = 0;
+    std::array<int, 10> ranks = {};  // trees of the first occurrences; once full, the last is the latest tree
+
+    void occurs_in(int tree) {
+        ++count;
+        const auto free = std::find(ranks.begin(), ranks.end() - 1, 0);
+        *free = tree;
+    }
+};
+
+// A tag at a production.
+struct TaggedProduction {
+    const Production *production;
+    const Label *tag;
+    bool operator==(const TaggedProduction &) const = default;
+    std::size_t hash() const { return mix_hash(mix_hash(0, production), tag); }
+};
+
+// A tag at a word with its category.
+struct TaggedWord {
+    const Label *word;
+    const Label *syn;
+    const Label *sem;
+    bool operator==(const TaggedWord &) const = default;
+    std::size_t hash() const { return mix_hash(mix_hash(mix_hash(0, word), syn), sem); }
+};
+
+struct WordCode {
+    int index;
+    bool used;  // its line stands in ".encoding"
+};
+
+void append_production(std::string &line, const Production &production) {
+    line += fmt::format("{}\t", production.count);
+    const std::string &key = production.key;
+    const std::size_t mother_end = std::min(key.find('_'), key.size());
+    line.append(key, 0, mother_end) += " ->";
+    for (std::size_t i = mother_end; i < key.size(); ++i) line += key[i] == '_' ? ' ' : key[i];
+    const char *before = "\t";
+    for (const int tree : production.ranks) {
+        if (tree == 0) break;
+        line += fmt::format("{}{}", before, tree);
+        before = ", ";
+    }
+    line += '\n';
+}
+
+}  // namespace
+
+struct EncodingRun::Tables {
+    OutputFile encoding{".encoding"};
+    std::unique_ptr<OutputFile> grammar;
+
+    tsl::robin_map<const Label *, std::string> tag_codes;
+
+    std::deque<Production> productions;                              // in order of first use
+    tsl::robin_map<std::string_view, Production *> codes_table;      // by key, which lives in `productions`
+    tsl::robin_map<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
+    std::string key;                                                 // room for the one in hand
+
+    tsl::robin_map<TaggedWord, WordCode, HashOf> tagged_words;
+    tsl::robin_set<std::string> word_keys;  // two words may come to the same key: it is listed once
+
+    void write_line(std::string_view code, const Label *tag) {
+        encoding.write(code);
+        encoding.write("\t");
+        encoding.write(tag->view());
+        encoding.write("\n");
+    }
+    Production &production_of(const Node *node);
+    void number_tags_of(const LexEntry *word);
+};
+
+std::string letters(int index) {
+    std::string text;
+    for (int rest = index + 1; rest > 0; rest = (rest - 1) / 26)
+        text.insert(text.begin(), static_cast<char>('a' + (rest - 1) % 26));
+    return text;
+}
+
+EncodingRun::EncodingRun() : tables_(std::make_unique<Tables>()) {
+    if (tables_->encoding.ok()) return;
+    errno = tables_->encoding.fault();
+    system_error_exit(".encoding");
+}
+
+EncodingRun::~EncodingRun() = default;
+
+std::string EncodingRun::codeer_old(const Label *tag) {
+    std::string &code = tables_->tag_codes[tag];
+    if (code.empty()) {
+        code = letters(static_cast<int>(tables_->tag_codes.size()) - 1) + 'y';
+        tables_->write_line(code, tag);
+    }
+    return code;
+}
+
+Production &EncodingRun::Tables::production_of(const Node *node) {
+    key.assign(node->syn->view());
+    for (const Node *daughter = node->dtrs; daughter; daughter = daughter->sister)
+        (key += '_') += daughter->syn->view();
+    if (const auto found = codes_table.find(key); found != codes_table.end()) return *found->second;
+    productions.push_back({key, hash(key)});
+    Production &production = productions.back();
+    codes_table[production.key] = &production;
+    return production;
+}
+
+std::string EncodingRun::codeer(const Node *node, int tree) {
+    Production &production = tables_->production_of(node);
+    production.occurs_in(tree);
+    const auto [tagged, is_new] =
+        tables_->tagged_productions.try_emplace({&production, node->sem}, production.nr_of_tags);
+    const std::string code = letters(tagged->second);
+    if (is_new) {
+        ++production.nr_of_tags;
+        tables_->write_line(fmt::format("{}_{}", production.key, code), node->sem);
+    }
+    return code;
+}
+
+// The tags of a word are numbered all at once, for each category in the order of the word's list.
+void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
+    tsl::robin_map<const LabelEntry *, int> nr_of_tags;
+    for (const LexLink *link = word->links.first(); link; link = link->next) {
+        if (!link->sem->name) continue;
+        const int index = nr_of_tags[link->syn]++;
+        tagged_words.try_emplace({word->name, link->syn->name, link->sem->name}, WordCode{index, false});
+    }
+}
+
+std::string EncodingRun::codeerlex(const Node *node) {
+    auto &words = tables_->tagged_words;
+    const TaggedWord tagged{node->lex, node->syn, node->sem};
+    auto found = words.find(tagged);
+    if (found == words.end()) {
+        tables_->number_tags_of(word_entry(node));
+        found = words.find(tagged);
+        if (found == words.end()) fault_in_hashtable();
+    }
+    WordCode &word_code = found.value();
+    std::string code = letters(word_code.index);
+    if (!word_code.used) {
+        word_code.used = true;
+        const std::string key = fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code);
+        if (tables_->word_keys.insert(key).second) tables_->write_line(key, node->sem);
+    }
+    return code;
+}
+
+void EncodingRun::write_grammar() {
+    tables_->grammar = std::make_unique<OutputFile>("underlying_CFG");
+    if (!tables_->grammar->ok()) {
+        tables_->grammar.reset();
+        return;
+    }
+    std::vector<const Production *> in_order;
+    for (const Production &production : tables_->productions) in_order.push_back(&production);
+    std::stable_sort(in_order.begin(), in_order.end(),
+                     [](const Production *a, const Production *b) { return a->bucket < b->bucket; });
+    std::string line;
+    for (const Production *production : in_order) {
+        line.clear();
+        append_production(line, *production);
+        tables_->grammar->write(line);
+    }
+}
+
+bool EncodingRun::complete() {
+    return tables_->encoding.complete() && (!tables_->grammar || tables_->grammar->complete());
+}
+
+bool EncodingRun::commit() {
+    return complete() && tables_->encoding.commit() && (!tables_->grammar || tables_->grammar->commit());
+}
+
+WriteFault EncodingRun::fault() const {
+    if (!tables_->encoding.ok()) return {".encoding", tables_->encoding.error()};
+    if (tables_->grammar && !tables_->grammar->ok()) return {"underlying_CFG", tables_->grammar->error()};
+    return {};
+}
+
+}  // namespace brindle

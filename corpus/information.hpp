@@ -1,0 +1,34 @@
+#pragma once
+// The information format: every tree with its words, its evaluated formula and its bracketing.
+#include <functional>
+#include <string>
+
+#include "model/text_sink.hpp"
+
+namespace brindle {
+
+struct Node;
+struct TreeView;
+
+// What became of a root's formula.
+struct Formula {
+    enum class Outcome {
+        evaluated,       // `text` is what the checking program answered, without its newline
+        rejected,        // the checking program did not accept it
+        cannot_be_made,  // the root's tag could not be expanded
+    };
+    Outcome outcome = Outcome::cannot_be_made;
+    std::string text;
+};
+
+// Expands and evaluates the formula of a root. Expansion and the run of the checking program live in prolog/.
+using EvaluateFormula = std::function<Formula(Node *root)>;
+
+// One tree, with the number that it gets in the listing.
+void write_documented_tree(Node *root, TextBuffer &out, int number, const EvaluateFormula &evaluate);
+
+// The whole corpus. All frames are busy meanwhile and BATCH is set; what the user does is handled between two
+// trees, and when BATCH has been cleared the rest is left out. False as soon as the sink fails.
+bool write_documented_corpus(TextSink &sink, TreeView *view, const EvaluateFormula &evaluate);
+
+}  // namespace brindle
