@@ -77,10 +77,10 @@ struct EncodingRun::Tables {
 
     tsl::robin_map<const Label *, std::string> tag_codes;
 
-    std::deque<Production> productions;                              // in order of first use
-    tsl::robin_map<std::string_view, Production *> codes_table;      // by key, which lives in `productions`
+    std::deque<Production> productions;                                // in order of first use
+    tsl::robin_map<std::string_view, Production *> codes_table;        // by key, which lives in `productions`
     tsl::robin_map<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
-    std::string key;                                                 // room for the one in hand
+    std::string key;                                                   // room for the one in hand
 
     tsl::robin_map<TaggedWord, WordCode, HashOf> tagged_words;
     tsl::robin_set<std::string> word_keys;  // two words may come to the same key: it is listed once

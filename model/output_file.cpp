@@ -101,7 +101,9 @@ void sync_folder(const std::string &file) {
 OutputFile::OutputFile(const std::string &target, std::optional<mode_t> mode) : target_(followed(target)) {
     struct stat status = {};
     const bool exists = stat(target_.c_str(), &status) == 0;
-    if (exists && !S_ISREG(status.st_mode)) {
+    if (!exists && errno != ENOENT) {
+        fail();
+    } else if (exists && !S_ISREG(status.st_mode)) {
         fd_ = open(target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
         if (fd_ < 0) fail();
     } else if (exists && access(target_.c_str(), W_OK) != 0) {
@@ -191,7 +193,8 @@ std::string OutputFile::error() const {
 }
 
 void remove_unfinished_files_on_signals(bool pipes) {
-    for (const int signal_number : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal_number, remove_unfinished_on);
+    for (const int signal_number : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(signal_number, remove_unfinished_on);
     if (pipes) std::signal(SIGPIPE, remove_unfinished_on);
     std::signal(SIGXFSZ, SIG_IGN);
 }
