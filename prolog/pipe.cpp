@@ -18,100 +18,25 @@
 #include <utility>
 
 #include "model/error.hpp"
-#include "model/frontend.hpp"
 #include "model/request.hpp"
+#include "prolog/connection.hpp"
 #include "prolog/host.hpp"
 #include "prolog/messages.hpp"
 #include "prolog/spawn.hpp"
-#include "prolog/stream.hpp"
 
 namespace brindle {
 
 int prolog_io[4] = {-1, -1, -1, -1};
 std::vector<std::string> child;
+Connection connection;
 
 namespace {
 
 constexpr std::size_t chunk_size = 8191;
-constexpr double retry_seconds = 0.02;
-
-// What the stream finds goes to the host.
-class Client final : public StreamClient {
-  public:
-    void text_window_insert(std::string_view bytes) override;
-    void show_message(std::string_view message) override;
-    void ready() override;
-    void go_on() override;
-    void no_end_message() override;
-};
-
-struct Connection {
-    PrologHost *host = nullptr;
-    pid_t pid = -1;                              // -1: no child
-    std::string unsent;                          // written as soon as the child reads
-    std::string waiting_query;                   // typed while there was no child; sent at the first prompt
-    std::string_view label = idle_label;         // of the query field
-    bool retrying = false;                       // a timer for `unsent` is running
-    bool reading = false;                        // inside read_it: a notice may be up, no more input is taken
-    std::optional<std::pair<pid_t, int>> ended;  // the child ended meanwhile
-    bool executed = false;                       // the program could be executed
-    bool was_ready = false;                      // the child has shown a prompt
-    bool restarted = false;                      // it replaces one that ended without ever showing one
-    Client client;
-    PrologStream stream{client};
-};
-
-Connection connection;
-
-void set_label(std::string_view label) {
-    connection.label = label;
-    connection.host->set_query_label(label);
-}
 
 void close_end(int &fd) {
     if (fd >= 0) close(fd);
     fd = -1;
-}
-
-// ---------------------------------------------------------------- writing
-
-// Writes what the pipe has room for. False: nobody will ever read it (errno tells).
-bool flush_unsent() {
-    std::string &unsent = connection.unsent;
-    while (!unsent.empty()) {
-        const ssize_t written = write_to_pipe(prolog_io[1], unsent);
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return errno == EAGAIN;
-        unsent.erase(0, static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
-void retry_later();
-
-void retry() {
-    connection.retrying = false;
-    if (prolog_io[1] < 0 || connection.unsent.empty()) return;
-    if (flush_unsent()) {
-        retry_later();
-        return;
-    }
-    connection.unsent.clear();
-    connection.host->show_query_foot(fmt::format("Cannot write to Prolog: {}", std::strerror(errno)));
-}
-
-void retry_later() {
-    if (connection.unsent.empty() || connection.retrying) return;
-    connection.retrying = true;
-    connection.host->after(retry_seconds, retry);
-}
-
-void tell_unwritten(std::string_view reason, TreeView *view) {
-    if (view) {
-        frontend->show_foot(view, reason);
-    } else if (connection.host) {
-        connection.host->show_query_foot(reason);
-    }
 }
 
 // ---------------------------------------------------------------- starting and ending
@@ -134,12 +59,6 @@ void end_waiting_batch() {
     EVAL_NODE = nullptr;
 }
 
-// The query field can be used: Return in it starts a new child.
-void wait_for_return() {
-    set_label(idle_label);
-    connection.host->set_query_active(true);
-}
-
 void child_has_exited(int exit_status) {
     PrologHost &host = *connection.host;
     const bool hopeless = !connection.executed || (!connection.was_ready && connection.restarted);
@@ -149,11 +68,7 @@ void child_has_exited(int exit_status) {
         "\nProlog terminated with status {}\n\nI just wish you wouldn't do that...", exit_status));
     if (connection.pid >= 0 || connection.host != &host)
         return;  // somebody has started or ended one meanwhile
-    if (hopeless) {
-        wait_for_return();
-        return;
-    }
-    if (!forkandpipe(child, host)) {
+    if (hopeless || !forkandpipe(child, host)) {
         wait_for_return();
         return;
     }
@@ -202,22 +117,24 @@ void read_rest() {
     }
 }
 
-void Client::text_window_insert(std::string_view bytes) {
+}  // namespace
+
+void ConnectionClient::text_window_insert(std::string_view bytes) {
     connection.host->insert_output(bytes);
 }
 
-void Client::show_message(std::string_view message) {
+void ConnectionClient::show_message(std::string_view message) {
     brindle::show_message(*connection.host, message);
 }
 
-void Client::ready() {
+void ConnectionClient::ready() {
     connection.was_ready = true;
-    set_label(idle_label);
+    set_query_label(idle_label);
     connection.host->set_query_active(true);
     connection.host->set_query_value("");
 }
 
-void Client::go_on() {
+void ConnectionClient::go_on() {
     if (!connection.waiting_query.empty()) {
         send_query(std::exchange(connection.waiting_query, {}), nullptr);
     } else if (BATCH && FILTER_NODE) {
@@ -227,16 +144,14 @@ void Client::go_on() {
     }
 }
 
-void Client::no_end_message() {
+void ConnectionClient::no_end_message() {
     brindle::no_end_message(*connection.host);
 }
-
-}  // namespace
 
 bool start_prolog(PrologHost &host, std::vector<std::string> command) {
     child = std::move(command);
     connection.host = &host;
-    set_label(idle_label);
+    set_query_label(idle_label);
     host.set_query_active(false);
     return forkandpipe(child, host);
 }
@@ -269,50 +184,6 @@ bool forkandpipe(const std::vector<std::string> &arguments, PrologHost &host) {
     host.watch_child(started.pid, sigchldcatcher);
     prologinit();
     return true;
-}
-
-void prologinit() {
-    write_line(startup_line);
-}
-
-bool write_line(std::string_view line) {
-    if (prolog_io[1] < 0) return false;
-    connection.unsent += line;
-    if (!flush_unsent()) {
-        const int reason = errno;
-        connection.unsent.clear();
-        errno = reason;
-        return false;
-    }
-    retry_later();
-    return true;
-}
-
-bool send_query(std::string_view line, TreeView *view) {
-    if (prolog_io[1] < 0) {
-        tell_unwritten("No Prolog is running: Return in the query field starts one", view);
-        return false;
-    }
-    if (!write_line(line)) {
-        tell_unwritten(fmt::format("Cannot write to Prolog: {}", std::strerror(errno)), view);
-        return false;
-    }
-    set_label(busy_label);
-    return true;
-}
-
-void commando(std::string_view text) {
-    const std::string line = std::string(text) + "\n";
-    if (connection.pid >= 0 || !connection.host || child.empty()) {
-        send_query(line, nullptr);
-        return;
-    }
-    connection.waiting_query = line;
-    connection.host->set_query_active(false);
-    if (!forkandpipe(child, *connection.host)) {
-        connection.waiting_query.clear();
-        wait_for_return();
-    }
 }
 
 int read_it(int fd) {
@@ -349,10 +220,6 @@ void sigchldcatcher(pid_t pid, int status) {
     } else {
         child_has_exited(WEXITSTATUS(status));
     }
-}
-
-std::string_view query_label() {
-    return connection.label;
 }
 
 namespace {

@@ -114,9 +114,21 @@ std::string contexts(const Parents &parents) {
     });
 }
 
-std::string shared_corpus(const std::string &name) {
-    std::ifstream file(BRINDLE_SOURCE_DIR "/../shared/corpora/" + name, std::ios::binary);
+namespace {
+
+std::string file_beside_source(const std::string &name) {
+    std::ifstream file(BRINDLE_SOURCE_DIR "/" + name, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace
+
+std::string shared_corpus(const std::string &name) {
+    return file_beside_source("../shared/corpora/" + name);
+}
+
+std::string example(const std::string &name) {
+    return file_beside_source("examples/" + name);
 }
 
 std::string_view first_trees(std::string_view text, int n) {

@@ -37,6 +37,8 @@ class Corpus {
 
 // The text of a file of ../shared/corpora beside the source; "" where that is absent: test fewer cases then.
 std::string shared_corpus(const std::string &name);
+// The text of a file of examples/.
+std::string example(const std::string &name);
 // The beginning of such a corpus, up to the end of its n-th tree.
 std::string_view first_trees(std::string_view text, int n);
 
