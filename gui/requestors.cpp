@@ -7,7 +7,7 @@ void create_file_requestor(TreeWindow &tw) {
     tw.file_requestor = &tw.frame->add_command_frame();
     tk::Panel &panel = tw.file_requestor->panel();
     tk::TextField &name = panel.add_text_field("File name:", tk::first_at(), {.shown = 30, .stored = 160});
-    tw.format_choice = &panel.add_choice("Write in:", {.new_row = true},
+    tw.format_choice = &panel.add_choice("Write in:", tk::new_row(),
                                          {"ATIS-format", "DOP-format", "DOP-format2", "Info-format"},
                                          value_callback<tk::Choice>(&Commands::auginfo));
     add_ok_and_cancel(*tw.file_requestor, name, call_field_command<&Commands::which_save_as>);

@@ -228,6 +228,7 @@ void popup_event(int event) {
 
 std::vector<PopupInfo> shown_popups() {
     std::vector<PopupInfo> shown;
+    if (!popup_shown()) return shown;  // the owner of the last one may be gone
     int owner = session.owner ? session.owner->impl().id : 0;
     for (const auto &window : session.levels) {
         PopupInfo info{window->id, owner, window->menu().title(), window->screen_box(), fl_xid(window.get()), {}};

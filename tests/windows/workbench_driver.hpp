@@ -1,0 +1,53 @@
+#pragma once
+// The workbench on a corpus of the test's own, worked as a person does.
+#include <string>
+#include <vector>
+
+#include "windows/gui.hpp"
+
+namespace brindle::windows {
+
+// Three trees; the first and the third are checked.
+extern const char *const small_corpus;
+
+class Workbench {
+  public:
+    // Writes the corpus to the file `name` in a directory of its own and starts the workbench there.
+    explicit Workbench(const std::string &corpus = small_corpus, const std::string &name = "small.trees",
+                       std::vector<std::string> options = {});
+    ~Workbench();
+
+    // Presses "Edit" and waits for the tree window.
+    void edit();
+    // Opens the menu of a node, of which only visible ones can be clicked, and chooses the entry.
+    void choose_at(const std::string &path, const std::vector<std::string> &entries);
+    // Opens "Preferences" beside the tree and chooses.
+    void prefer(const std::vector<std::string> &entries);
+    // Types a tag through the menu of a node.
+    void type_tag(const std::string &path, const std::string &tag);
+    // The tag of a node in view.
+    std::string tag(const std::string &path);
+    // The paths of the selected nodes in view, in document order, with a blank between them.
+    std::string selected();
+    // The number in the "Tree #" field.
+    std::string tree();
+    // Answers the notice that is shown, which must hold the line, with the button.
+    void answer(const std::string &line, const std::string &button = "Ok");
+    // Waits for the tree window's footer.
+    void wait_footer(const std::string &text);
+
+    std::string path(const std::string &file) const { return directory_ + "/" + file; }
+    std::string file(const std::string &name) const;  // its contents; "" when there is none
+    // Reads what was saved with the program's own reader into the forest of this process.
+    void read(const std::string &name) const;
+
+    Gui &gui() { return *gui_; }
+    const std::string &name() const { return name_; }
+
+  private:
+    std::string directory_;
+    std::string name_;
+    std::unique_ptr<Gui> gui_;
+};
+
+}  // namespace brindle::windows

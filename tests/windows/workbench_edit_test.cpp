@@ -1,0 +1,224 @@
+// The whole main job, as a person does it: open, turn pages, select, type tags, undo, check, save. What
+// counts is the saved file.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "windows/workbench_driver.hpp"
+
+namespace brindle::windows {
+namespace {
+
+// The corpus with a piece of its text replaced; the piece must occur.
+std::string corpus_with(std::string text, const std::string &old, const std::string &replacement) {
+    const auto at = text.find(old);
+    EXPECT_NE(at, std::string::npos) << old;
+    return at == std::string::npos ? text : text.replace(at, old.size(), replacement);
+}
+
+TEST(workbench, tags_are_typed_undone_and_saved) {
+    Workbench w;
+    w.edit();
+    w.type_tag("2.2", "on(d2)");
+    EXPECT_EQ(w.tag("2.2"), "on(d2)");
+    w.type_tag("2.2.2", "the table");
+    EXPECT_EQ(w.tag("2.2.2"), "the_table");
+    w.type_tag("1", "");
+    EXPECT_EQ(w.tag("1"), "");
+    w.choose_at("1", {"undo", "undo last edit"});
+    EXPECT_EQ(w.tag("1"), "john");
+    w.choose_at("1", {"undo", "undo last edit"});
+    EXPECT_EQ(w.tag("1"), "");
+    w.choose_at("1", {"undo", "undo all edits", "on this node"});
+    EXPECT_EQ(w.tag("1"), "john");
+    w.gui().press("Save");
+    w.wait_footer("small.trees saved");
+    std::string expected = corpus_with(small_corpus, "(PP IN", "(PP|on(d2) IN");
+    expected = corpus_with(expected, "(NP DT", "(NP|the_table DT");
+    EXPECT_EQ(w.file("small.trees"), expected);
+    EXPECT_EQ(w.file("small.trees.bak"), small_corpus);
+}
+
+TEST(workbench, trees_are_cleared_and_restored_as_a_whole) {
+    Workbench w;
+    w.edit();
+    w.choose_at("1", {"clear", "this node"});
+    EXPECT_EQ(w.tag("1") + "," + w.tag("2"), ",sleeps");
+    w.choose_at("2.1", {"clear", "this tree"});
+    EXPECT_EQ(w.tag(".") + "," + w.tag("2"), ",");
+    w.choose_at(".", {"undo", "undo all edits", "on this tree"});
+    EXPECT_EQ(w.tag(".") + "," + w.tag("1") + "," + w.tag("2"), "s(d1,d2),john,sleeps");
+    w.gui().press("Quit");
+    EXPECT_EQ(w.gui().wait_exit(), 0) << "nothing is unsaved: nothing is asked";
+}
+
+TEST(workbench, a_slash_in_a_tag_is_refused_at_the_node) {
+    Workbench w;
+    w.edit();
+    w.choose_at("2", {"edit"});
+    w.gui().wait_focus("VP");
+    w.gui().fill("Semantic tag:", "a/b");
+    w.gui().press("Ok");
+    w.answer("You cannot use '/' in a semantic tag; it is");
+    EXPECT_EQ(w.tag("2"), "sleeps");
+    w.choose_at("2", {"edit"});
+    EXPECT_EQ(w.gui().value("textfield", "Semantic tag:"), "sleeps");
+    w.gui().fill("Semantic tag:", "rests");
+    w.gui().press("Cancel");
+    EXPECT_EQ(w.tag("2"), "sleeps");
+}
+
+TEST(workbench, checking_a_tree_is_saved) {
+    Workbench w;
+    w.edit();
+    EXPECT_EQ(w.gui().value("checkbox", "Check:"), "1");
+    w.gui().press("Next");
+    EXPECT_EQ(w.gui().value("checkbox", "Check:"), "0");
+    w.gui().click_item("checkbox", "Check:");
+    w.gui().press("Previous");
+    w.gui().click_item("checkbox", "Check:");
+    w.gui().press("Save");
+    w.wait_footer("small.trees saved");
+    std::string expected = corpus_with(small_corpus, "tree #1\n*\n", "tree #1\n");
+    expected = corpus_with(expected, "tree #2\n", "tree #2\n*\n");
+    EXPECT_EQ(w.file("small.trees"), expected);
+}
+
+TEST(workbench, clicks_select_nodes_and_subtrees) {
+    Workbench w;
+    w.edit();
+    w.gui().click_node("2.2");
+    EXPECT_EQ(w.selected(), "2.2");
+    w.gui().click_node("2.2");
+    EXPECT_EQ(w.selected(), "2.2 2.2.1 2.2.2 2.2.2.1 2.2.2.2");
+    w.gui().click_node("2.2");
+    EXPECT_EQ(w.selected(), "");
+}
+
+TEST(workbench, pages_are_turned_by_buttons_keys_and_slider) {
+    Workbench w;
+    w.edit();
+    EXPECT_FALSE(w.gui().active("button", "Previous"));
+    w.gui().press("Next");
+    EXPECT_EQ(w.tree(), "2");
+    EXPECT_TRUE(w.gui().active("button", "Previous"));
+    w.gui().key("plus");
+    EXPECT_EQ(w.tree(), "3");
+    EXPECT_FALSE(w.gui().active("button", "Next"));
+    w.gui().key("plus");
+    EXPECT_EQ(w.tree(), "3");
+    w.gui().key("Next");  // Page Down
+    EXPECT_EQ(w.tree(), "2");
+    w.gui().key("Prior");  // Page Up
+    EXPECT_EQ(w.tree(), "3");
+    w.gui().key("minus");
+    w.gui().key("minus");
+    EXPECT_EQ(w.tree(), "1");
+    const Area slider = w.gui().map().item("slider", "Tree #")->area;
+    w.gui().click_at(slider.x + 10, slider.middle_y());  // its field
+    w.gui().key("ctrl+a");
+    w.gui().type("3");
+    w.gui().key("Return");
+    EXPECT_EQ(w.tag("2"), "walks");
+    EXPECT_TRUE(w.gui().active("button", "Previous"));
+    EXPECT_FALSE(w.gui().active("button", "Next"));
+}
+
+TEST(workbench, a_corpus_of_one_tree_has_no_page_items) {
+    Workbench w("((S (NP NN/cats) (VP VB/sleep)))", "one.trees");
+    w.edit();
+    for (const char *label : {"Next", "Previous", "Search", "Batch"})
+        EXPECT_EQ(w.gui().map().item("button", label), nullptr) << label;
+    EXPECT_EQ(w.gui().map().item("slider", "Tree #"), nullptr);
+    w.gui().key("plus");
+    w.gui().key("Next");
+    w.type_tag("2", "sleep");
+    EXPECT_EQ(w.tag("2"), "sleep");
+}
+
+TEST(workbench, a_corpus_without_trees_says_so) {
+    Workbench w("nothing but words\n", "empty.trees");
+    w.edit();
+    EXPECT_EQ(w.gui().footer("empty.trees"), "This corpus has no trees.");
+    w.gui().key("plus");
+    w.gui().key("minus");
+    w.prefer({"punctuation", "show it"});
+    w.gui().press("Save");
+    w.wait_footer("empty.trees saved");
+    w.gui().press("Close");
+    w.gui().wait_gone("empty.trees");
+    w.gui().press("Quit");
+    EXPECT_EQ(w.gui().wait_exit(), 0);
+}
+
+TEST(workbench, a_file_changed_by_others_is_not_overwritten) {
+    Workbench w;
+    w.edit();
+    w.type_tag("1", "jack");
+    const auto later = std::filesystem::file_time_type::clock::now() + std::chrono::hours(1);
+    std::filesystem::last_write_time(w.path("small.trees"), later);
+    w.gui().press("Save");
+    w.answer("Refuse to save to small.trees:");
+    EXPECT_EQ(w.file("small.trees"), small_corpus);
+    w.gui().press("Quit");
+    w.answer("There are unsaved edits,", "No, cancel that");
+    EXPECT_EQ(w.tag("1"), "jack");
+    std::filesystem::remove(w.path("small.trees"));
+    w.gui().press("Save");
+    w.wait_footer("small.trees saved");
+    EXPECT_EQ(w.file("small.trees"), corpus_with(small_corpus, "(NP|john", "(NP|jack"));
+}
+
+TEST(workbench, quitting_asks_for_unsaved_edits) {
+    Workbench w;
+    w.edit();
+    w.type_tag("1", "jack");
+    w.gui().press("Close");
+    w.gui().wait_gone("small.trees");
+    w.gui().close_window("BRINDLE");
+    w.answer("are you sure you want to quit?", "Yes");
+    EXPECT_EQ(w.gui().wait_exit(), 0);
+    EXPECT_EQ(w.file("small.trees"), small_corpus);
+}
+
+TEST(workbench, saving_under_another_name_makes_it_the_corpus) {
+    Workbench w;
+    w.edit();
+    w.type_tag("1", "jack");
+    w.gui().press("Save as");
+    w.gui().wait_focus("Save corpus as");
+    w.gui().type("other.trees");
+    w.gui().key("Return");
+    w.gui().wait_frame("other.trees");
+    EXPECT_EQ(w.file("other.trees"), corpus_with(small_corpus, "(NP|john", "(NP|jack"));
+    EXPECT_EQ(w.file("small.trees"), small_corpus);
+    EXPECT_NE(w.gui().map().item("button", "Edit other.trees"), nullptr);
+    w.gui().press("Save as");
+    w.gui().wait_focus("Save corpus as");
+    w.gui().fill("File name:", "small.trees");
+    w.gui().press("Ok");
+    w.answer("exists, overwrite?", "No");
+    w.gui().wait_focus("Save corpus as");
+    EXPECT_EQ(w.gui().value("textfield", "File name:"), "small.trees");
+    w.gui().press("Ok");
+    w.answer("exists, overwrite?", "Cancel");
+    w.gui().wait_gone("Save corpus as");
+    EXPECT_EQ(w.file("small.trees"), small_corpus);
+}
+
+TEST(workbench, two_windows_show_one_corpus) {
+    Workbench w;
+    w.edit();
+    w.edit();
+    w.gui().wait_until("a second tree window", [](const UiMap &map) { return map.frames.size() == 3; });
+    w.type_tag("2.2", "seen_twice");
+    int seen = 0;
+    for (const ShownNode &node : w.gui().map().nodes) seen += node.path == "2.2" && node.tag == "seen_twice";
+    EXPECT_EQ(seen, 2);
+    w.gui().press("Close");
+    w.gui().wait_until("one tree window", [](const UiMap &map) { return map.frames.size() == 2; });
+    EXPECT_EQ(w.tag("2.2"), "seen_twice");
+}
+
+}  // namespace
+}  // namespace brindle::windows
