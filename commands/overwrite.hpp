@@ -1,5 +1,5 @@
 #pragma once
-// What the user is asked, and told, when a file is to be written under a typed name.
+// What the user is asked when a file is to be written under a typed name.
 #include <string>
 
 #include "gui/tree_window.hpp"
@@ -9,8 +9,5 @@ namespace brindle {
 // True if nothing of that name can be read, or if the user says that it may be overwritten. "No" shows the
 // requestor again, "Cancel" leaves it closed.
 bool may_write(const std::string &name, tk::CommandFrame &requestor, TreeWindow &tw);
-
-// Tells the user that the file cannot be written, and the system's reason.
-void cannot_write(const std::string &name, const std::string &reason, TreeWindow &tw);
 
 }  // namespace brindle
