@@ -1,7 +1,10 @@
 // The table of actions.
+#include "app/batch/latex_action.hpp"
 #include "app/batch/layout_action.hpp"
 #include "app/batch/options.hpp"
+#include "app/batch/search_action.hpp"
 #include "app/batch/statistics.hpp"
+#include "app/batch/validate.hpp"
 
 namespace brindle::batch {
 
@@ -9,13 +12,20 @@ std::span<const Action> actions() {
     static constexpr Action table[] = {
         {"info", "how many trees, nodes and labels the corpus has", "Writes lines NAME, tab, value.",
          nothing_more, run_info},
+        {"tables", "the label statistics, whole", "Writes tab-separated lines in the order of the tables.",
+         nothing_more, run_tables},
+        {"search", "nodes by category, word and tag; replaces labels",
+         "Writes a line a match: TREE, PATH, category, tag, word. With --replace the whole corpus instead.",
+         search_options, run_search},
+        {"latex", "a subtree as a LaTeX document", "The document draws the tree with the ecltree package.",
+         one_tree | node_path | punctuation_flag, run_latex},
         {"layout", "where the nodes of a tree stand",
          "Writes a line for the tree (width, height) and one a node: path, x, and where its category, its "
          "tag and its "
          "word start.",
          one_tree | size_choice | punctuation_flag, run_layout},
-        {"tables", "the label statistics, whole", "Writes tab-separated lines in the order of the tables.",
-         nothing_more, run_tables},
+        {"validate", "the syntax editor's checks on one bracketing",
+         "Says on standard error what is wrong (status 1), or nothing (status 0).", no_corpus, run_validate},
     };
     return table;
 }
