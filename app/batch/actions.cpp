@@ -2,9 +2,11 @@
 #include "app/batch/latex_action.hpp"
 #include "app/batch/layout_action.hpp"
 #include "app/batch/options.hpp"
+#include "app/batch/runs.hpp"
 #include "app/batch/search_action.hpp"
 #include "app/batch/statistics.hpp"
 #include "app/batch/validate.hpp"
+#include "app/batch/write_action.hpp"
 
 namespace brindle::batch {
 
@@ -14,6 +16,14 @@ std::span<const Action> actions() {
          nothing_more, run_info},
         {"tables", "the label statistics, whole", "Writes tab-separated lines in the order of the tables.",
          nothing_more, run_tables},
+        {"write", "the corpus or a selection in one of four formats",
+         "dop and dop2 write .encoding, dop2 also underlying_CFG, into the current directory; an output name "
+         "that ends "
+         "in .aug puts every tree below the extra root sss.",
+         selection | write_format, run_write},
+        {"check", "marks the selected trees as checked", "Writes the whole corpus.", selection, run_check},
+        {"uncheck", "takes the mark from the selected trees", "Writes the whole corpus.", selection,
+         run_uncheck},
         {"search", "nodes by category, word and tag; replaces labels",
          "Writes a line a match: TREE, PATH, category, tag, word. With --replace the whole corpus instead.",
          search_options, run_search},

@@ -37,6 +37,7 @@ void ShellFrontEnd::progress(TreeView *, int n, int m) {
 
 void ShellFrontEnd::prompt_at_node(const Node *node, std::string_view message, TreeView *, bool) {
     wipe();
+    ++errors_;
     const TreeEntry *tree = tree_of(node);
     const auto number = tree ? tree - forest.data() + 1 : 0;
     fmt::print(stderr, "tree {}, node {}: {}\n", number, path_of(node), message);

@@ -11,6 +11,8 @@ namespace brindle::batch {
 class ShellFrontEnd : public FrontEnd {
   public:
     explicit ShellFrontEnd(bool quiet);
+    // How many messages have been shown at nodes.
+    int errors() const { return errors_; }
     ~ShellFrontEnd() override;
     void progress(TreeView *view, int n, int m) override;
     void prompt_at_node(const Node *node, std::string_view message, TreeView *view, bool silent) override;
@@ -21,6 +23,7 @@ class ShellFrontEnd : public FrontEnd {
     using Clock = std::chrono::steady_clock;
     bool shows_;
     bool drawn_ = false;
+    int errors_ = 0;
     Clock::time_point started_ = Clock::now();
     Clock::time_point latest_ = started_;
 };

@@ -13,6 +13,7 @@
 #include "model/forest.hpp"
 #include "model/input_file.hpp"
 #include "model/output_file.hpp"
+#include "propose/selection.hpp"
 #include "wordgraph/readwg.hpp"
 
 namespace brindle::batch {
@@ -25,32 +26,23 @@ struct StandardOutput : TextSink {
     }
 };
 
-struct FileSink : TextSink {
-    explicit FileSink(OutputFile &to) : file(to) {}
-    bool write(std::string_view piece) override { return file.write(piece); }
-    OutputFile &file;
-};
+}  // namespace
 
 int told(const std::string &name, const std::string &reason) {
     complain(fmt::format("cannot write to {}: {}", name, reason));
     return failed;
 }
 
-// Lets `produce` write into the named file or standard output.
-template <class Produce>
-int write_to(const std::string &name, Produce produce) {
+int write_to(const std::string &name, const std::function<bool(TextSink &)> &produce) {
     if (name == "-") {
         StandardOutput sink;
         if (produce(sink) && std::fflush(stdout) == 0) return done;
         return told("standard output", std::strerror(errno));
     }
     OutputFile file(name);
-    FileSink sink(file);
-    if (file.ok() && produce(sink) && file.commit()) return done;
+    if (file.ok() && produce(file) && file.commit()) return done;
     return told(name, file.error());
 }
-
-}  // namespace
 
 void load(const Options &options) {
     readcorpus(options.corpus);
@@ -62,6 +54,23 @@ int tree_index(int number) {
     if (number < 1 || number > amount)
         throw UsageError{fmt::format("no tree {} in this corpus: it has {}", number, amount)};
     return number - 1;
+}
+
+std::vector<int> selected_trees(const Options &options) {
+    SelectionChoice choice;
+    choice.types = options.trees == "checked"     ? TreeTypes::checked
+                   : options.trees == "unchecked" ? TreeTypes::unchecked
+                                                  : TreeTypes::both;
+    if (options.from) tree_index(*options.from);
+    if (options.to) tree_index(*options.to);
+    choice.from = options.from.value_or(1);
+    choice.to = options.to.value_or(amount);
+    if (choice.from > choice.to && amount > 0)
+        throw UsageError{fmt::format("--from {} is behind --to {}", choice.from, choice.to)};
+    choice.random = options.random.has_value();
+    choice.size = options.random.value_or(0);
+    choice.seed = options.seed;
+    return select_trees(choice);
 }
 
 int put_out(const std::string &name, std::string_view text) {

@@ -1,11 +1,13 @@
 #pragma once
 // What every action does around its work: read the corpus, look trees and nodes up, write the result.
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "app/batch/options.hpp"
 #include "model/node.hpp"
+#include "model/text_sink.hpp"
 
 namespace brindle::batch {
 
@@ -26,8 +28,14 @@ std::vector<int> selected_trees(const Options &options);
 int put_out(const Options &options, std::string_view text);
 int put_out(const std::string &name, std::string_view text);
 
+// Lets `produce` write into the named file or standard output; false: it has failed.
+int write_to(const std::string &name, const std::function<bool(TextSink &)> &produce);
+
 // Writes the whole corpus in the native format, as put_out does.
 int put_out_corpus(const Options &options);
+
+// What to say when the named output could not be written; returns `failed`.
+int told(const std::string &name, const std::string &reason);
 
 // A message on standard error, "brindle-batch: <message>".
 void complain(std::string_view message);
