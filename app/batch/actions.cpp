@@ -1,4 +1,5 @@
 // The table of actions.
+#include "app/batch/edit_script.hpp"
 #include "app/batch/latex_action.hpp"
 #include "app/batch/layout_action.hpp"
 #include "app/batch/options.hpp"
@@ -24,6 +25,14 @@ std::span<const Action> actions() {
         {"check", "marks the selected trees as checked", "Writes the whole corpus.", selection, run_check},
         {"uncheck", "takes the mark from the selected trees", "Writes the whole corpus.", selection,
          run_uncheck},
+        {"edit", "runs the operations of a script on the corpus",
+         "A line an operation: tag TREE PATH TEXT, category TREE PATH TEXT, undo TREE PATH, undo-all TREE "
+         "PATH|*, "
+         "clear TREE PATH|*, copy TREE PATH TREE PATH, check TREE, uncheck TREE, propose TREE, saved. Empty "
+         "lines and "
+         "lines that begin with # are skipped. A line that cannot be carried out ends the run: nothing is "
+         "written.",
+         script_file, run_edit},
         {"search", "nodes by category, word and tag; replaces labels",
          "Writes a line a match: TREE, PATH, category, tag, word. With --replace the whole corpus instead.",
          search_options, run_search},

@@ -1,0 +1,201 @@
+#include "app/batch/edit_script.hpp"
+
+#include <charconv>
+#include <stdexcept>
+
+#include <fmt/format.h>
+
+#include "app/batch/session.hpp"
+#include "app/batch/statistics.hpp"
+#include "model/forest.hpp"
+#include "model/label_rules.hpp"
+#include "model/path.hpp"
+#include "model/traversal.hpp"
+#include "propose/propose.hpp"
+#include "stats/changes.hpp"
+
+namespace brindle::batch {
+namespace {
+
+// Why a line cannot be carried out.
+struct Refusal : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+// The fields of a line, taken one after another; fields are separated by one blank.
+class Fields {
+  public:
+    explicit Fields(std::string_view line) : rest_(line) {}
+
+    std::string_view word(const char *what) {
+        if (at_end_) throw Refusal(fmt::format("{} expected", what));
+        const std::size_t blank = rest_.find(' ');
+        const std::string_view field = rest_.substr(0, blank);
+        at_end_ = blank == std::string_view::npos;
+        rest_ = at_end_ ? std::string_view() : rest_.substr(blank + 1);
+        if (field.empty()) throw Refusal(fmt::format("{} expected", what));
+        return field;
+    }
+
+    // A tree's number; the result counts from 0.
+    int tree() {
+        const std::string_view field = word("TREE");
+        int number = 0;
+        const auto [end, fault] = std::from_chars(field.data(), field.data() + field.size(), number);
+        if (fault != std::errc() || end != field.data() + field.size() || number < 1 || number > amount)
+            throw Refusal(fmt::format("no tree {} in this corpus", field));
+        return number - 1;
+    }
+
+    Node *node(int tree) {
+        const std::string_view field = word("PATH");
+        if (Node *node = node_at(root(tree), field)) return node;
+        throw Refusal(fmt::format("no node {} in tree {}", field, tree + 1));
+    }
+
+    // The node of a tree, or null for "*", the whole tree.
+    Node *node_or_all(int tree) {
+        if (rest_ != "*") return node(tree);
+        word("PATH");
+        return nullptr;
+    }
+
+    // All that is left of the line.
+    std::string_view text() {
+        at_end_ = true;
+        return rest_;
+    }
+
+    void end() const {
+        if (!at_end_) throw Refusal(fmt::format("unexpected \"{}\"", rest_));
+    }
+
+    static Node *root(int tree) { return forest[static_cast<std::size_t>(tree)].root; }
+
+  private:
+    std::string_view rest_;
+    bool at_end_ = false;
+};
+
+TreeCheckedScope scope_of(int tree) {
+    return TreeCheckedScope(forest[static_cast<std::size_t>(tree)]);
+}
+
+void do_tag(Fields &fields) {
+    const int tree = fields.tree();
+    Node *node = fields.node(tree);
+    const std::string_view text = fields.text();
+    if (text == text_of(node->sem)) return;
+    if (const auto reason = refuse_tag(text)) throw Refusal(*reason);
+    const auto scope = scope_of(tree);
+    new_label(node, text, nullptr);
+}
+
+void do_category(Fields &fields) {
+    const int tree = fields.tree();
+    Node *node = fields.node(tree);
+    const std::string_view text = fields.text();
+    if (text.empty() || text == node->syn->view()) return;
+    if (const auto reason = refuse_category(text)) throw Refusal(*reason);
+    const auto scope = scope_of(tree);
+    change_cat(node, text, nullptr);
+}
+
+void do_undo(Fields &fields) {
+    const int tree = fields.tree();
+    Node *node = fields.node(tree);
+    fields.end();
+    const auto scope = scope_of(tree);
+    undo_last(node, nullptr);
+}
+
+// `undo-all` and `clear`: on a node, or on every node of a tree.
+template <class Operation>
+void on_node_or_tree(Fields &fields, Operation operation) {
+    const int tree = fields.tree();
+    Node *node = fields.node_or_all(tree);
+    fields.end();
+    const auto scope = scope_of(tree);
+    if (node)
+        operation(node);
+    else
+        do_with(Fields::root(tree), operation);
+}
+
+void do_copy(Fields &fields) {
+    const int from_tree = fields.tree();
+    const Node *from = fields.node(from_tree);
+    const int to_tree = fields.tree();
+    Node *to = fields.node(to_tree);
+    fields.end();
+    if (from == to) return;
+    const auto scope = scope_of(to_tree);
+    new_label(to, text_of(from->sem), nullptr);
+}
+
+void do_propose(Fields &fields) {
+    const int tree = fields.tree();
+    fields.end();
+    set_checked(tree, false);
+    const auto scope = scope_of(tree);
+    batch_propose(tree);
+}
+
+void do_check(Fields &fields, bool checked) {
+    const int tree = fields.tree();
+    fields.end();
+    set_checked(tree, checked);
+}
+
+struct Operation {
+    std::string_view name;
+    void (*run)(Fields &);
+};
+
+constexpr Operation operations[] = {
+    {"tag", do_tag},
+    {"category", do_category},
+    {"undo", do_undo},
+    {"undo-all", [](Fields &f) { on_node_or_tree(f, undo_all); }},
+    {"clear", [](Fields &f) { on_node_or_tree(f, [](Node *node) { clear(node, nullptr); }); }},
+    {"copy", do_copy},
+    {"check", [](Fields &f) { do_check(f, true); }},
+    {"uncheck", [](Fields &f) { do_check(f, false); }},
+    {"propose", do_propose},
+    {"saved", [](Fields &f) { f.end(), reset_edits(); }},
+};
+
+}  // namespace
+
+std::string carry_out(std::string_view line) {
+    Fields fields(line);
+    try {
+        const std::string_view name = fields.word("an operation");
+        for (const Operation &operation : operations)
+            if (operation.name == name) return operation.run(fields), std::string();
+        return fmt::format("unknown operation \"{}\"", name);
+    } catch (const Refusal &refusal) {
+        return refusal.what();
+    }
+}
+
+int run_edit(const Options &options) {
+    load(options);
+    std::string script;
+    if (!take_in(options.script, script)) return failed;
+    std::string_view rest = script;
+    for (int line_nr = 1; !rest.empty(); ++line_nr) {
+        const std::size_t end = rest.find('\n');
+        std::string_view line = rest.substr(0, end);
+        rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (line.empty() || line.front() == '#') continue;
+        const std::string message = carry_out(line);
+        if (message.empty()) continue;
+        fmt::print(stderr, "{}:{}: {}\n", options.script, line_nr, message);
+        return failed;
+    }
+    return options.tables ? put_out(options, tables_text()) : put_out_corpus(options);
+}
+
+}  // namespace brindle::batch
