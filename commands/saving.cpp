@@ -19,13 +19,6 @@ void save(TreeWindow &tw, tk::Button &) {
         prompt(*tw.notice, result.message, false);
 }
 
-// The corpus may have got a new name: the main window and the tree windows show it.
-void show_corpus_name(tk::Frame &main_frame) {
-    edit_button(main_frame).set_label(edit_label(CORPUS));
-    main_frame.set_title(CORPUS);
-    for (const auto &window : tree_windows()) window->frame->set_title(CORPUS);
-}
-
 void save_to_name(TreeWindow &tw, tk::TextField &field) {
     tw.file_requestor->hide();
     const std::string name = field.value();

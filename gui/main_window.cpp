@@ -29,6 +29,15 @@ std::string_view beginning(std::string_view text, std::size_t size) {
     return text.substr(0, size);
 }
 
+// Fits the main panel to its items; returns the width it needs.
+int fit_panel(tk::Panel &panel, const tk::Button &edit) {
+    panel.set_size({0, 0});
+    panel.fit();
+    const int width = std::max(edit.box().w + width_beside_edit, panel.size().w);
+    panel.set_size({width, std::max(panel_height, panel.size().h)});
+    return width;
+}
+
 }  // namespace
 
 std::string edit_label(std::string_view corpus) {
@@ -61,10 +70,16 @@ void create_main_window(tk::Frame &main_frame) {
     main_frame.set_key(Key::query_item, &query);
     main_frame.set_on_close([&quit](tk::Frame &) { quit.press(); });
 
-    panel.fit();
-    const int width = std::max(edit.box().w + width_beside_edit, panel.size().w);
-    panel.set_size({width, std::max(panel_height, panel.size().h)});
-    main_frame.set_size({width, frame_height});
+    main_frame.set_size({fit_panel(panel, edit), frame_height});
+}
+
+void show_corpus_name(tk::Frame &main_frame) {
+    tk::Button &edit = edit_button(main_frame);
+    edit.set_label(edit_label(CORPUS));
+    const int width = fit_panel(edit.panel(), edit);
+    if (main_frame.size().w < width) main_frame.set_size({width, main_frame.size().h});
+    main_frame.set_title(CORPUS);
+    for (const auto &window : tree_windows()) window->frame->set_title(CORPUS);
 }
 
 void clone(tk::Button &button) {

@@ -19,6 +19,9 @@ void create_main_window(tk::Frame &main_frame);
 // 31 and "...".
 std::string edit_label(std::string_view corpus);
 
+// The corpus has got a new name: "Edit" and the titles of the main frame and the tree frames show it.
+void show_corpus_name(tk::Frame &main_frame);
+
 // The callback of "Edit": opens one more tree window on tree 1.
 void clone(tk::Button &button);
 
