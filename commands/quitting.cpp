@@ -3,6 +3,7 @@
 #include "gui/tree_window.hpp"
 #include "model/forest.hpp"
 #include "model/request.hpp"
+#include "prolog/pipe.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
@@ -28,6 +29,7 @@ bool really_quit(tk::Panel &panel) {
 
 void qt(tk::Button &button) {
     if (MODIFIED != 0 && !really_quit(button.panel())) return;
+    quit_prolog();
     tk::notify_stop();
 }
 

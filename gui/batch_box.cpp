@@ -70,7 +70,7 @@ void create_batch_box(TreeWindow &tw) {
     tw.abort_button = &panel.add_button("Abort", tk::new_row(), button_callback(&Commands::abort_filter));
     tw.abort_button->set_inactive(true);
     add_cancel(*tw.batch_box);
-    tw.batch_box->fit();
+    fit_with_title(*tw.batch_box);
 }
 
 }  // namespace brindle

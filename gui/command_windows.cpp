@@ -1,6 +1,7 @@
 #include "gui/command_windows.hpp"
 
 #include "gui/dialogs.hpp"
+#include "toolkit/font.hpp"
 
 namespace brindle {
 
@@ -26,6 +27,14 @@ void set_window_everywhere(tk::Frame &frame, TreeWindow &tw) {
         set_window(*panel, tw);
         for (const auto &item : panel->items()) set_window(*item, tw);
     }
+}
+
+void fit_with_title(tk::CommandFrame &frame) {
+    constexpr int buttons = 110;  // what a window manager puts beside the title, generously
+    frame.fit();
+    const tk::Size size = frame.size();
+    const int width = tk::default_font()->width(frame.title()) + buttons;
+    if (size.w < width) frame.set_size({width, size.h});
 }
 
 void dismiss(tk::CommandFrame &frame) {

@@ -24,6 +24,9 @@ void create_results_requestor(TreeWindow &tw);
 // Hangs the TreeWindow on the frame, its panels and all their items.
 void set_window_everywhere(tk::Frame &frame, TreeWindow &tw);
 
+// Fits the frame to its panel, and makes it wide enough for its title.
+void fit_with_title(tk::CommandFrame &frame);
+
 // Hides a command frame and takes its pushpin out.
 void dismiss(tk::CommandFrame &frame);
 

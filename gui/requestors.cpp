@@ -11,7 +11,7 @@ void create_file_requestor(TreeWindow &tw) {
                                          {"ATIS-format", "DOP-format", "DOP-format2", "Info-format"},
                                          value_callback<tk::Choice>(&Commands::auginfo));
     add_ok_and_cancel(*tw.file_requestor, name, call_field_command<&Commands::which_save_as>);
-    tw.file_requestor->fit();
+    fit_with_title(*tw.file_requestor);
 }
 
 void create_results_requestor(TreeWindow &tw) {
@@ -19,7 +19,7 @@ void create_results_requestor(TreeWindow &tw) {
     tk::TextField &name = tw.results_requestor->panel().add_text_field("File name:", tk::first_at(),
                                                                        {.shown = 30, .stored = 160});
     add_ok_and_cancel(*tw.results_requestor, name, call_field_command<&Commands::propose_results_to_name>);
-    tw.results_requestor->fit();
+    fit_with_title(*tw.results_requestor);
 }
 
 void create_pred_requestor(TreeWindow &tw) {
@@ -30,7 +30,7 @@ void create_pred_requestor(TreeWindow &tw) {
     panel.add_message("Note: Just give the name,do not", tk::new_row());
     panel.add_message("indicate arity or supply arguments", tk::new_row());
     add_ok_and_cancel(*tw.pred_requestor, predicate, call_field_command<&Commands::set_pred>);
-    tw.pred_requestor->fit();
+    fit_with_title(*tw.pred_requestor);
 }
 
 void create_latexfile_requestor(TreeWindow &tw) {
@@ -39,7 +39,7 @@ void create_latexfile_requestor(TreeWindow &tw) {
     panel.add_message("Give filename for LaTeX representation of selected tree", tk::first_at());
     tk::TextField &name = panel.add_text_field("    File:", tk::new_row(), {.shown = 30});
     add_ok_and_cancel(*tw.latexfile_requestor, name, call_field_command<&Commands::make_latexfile>);
-    tw.latexfile_requestor->fit();
+    fit_with_title(*tw.latexfile_requestor);
 }
 
 }  // namespace brindle

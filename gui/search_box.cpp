@@ -38,7 +38,7 @@ void create_search_box(TreeWindow &tw) {
         place = {};
     }
     add_cancel(*tw.search_box);
-    tw.search_box->fit();
+    fit_with_title(*tw.search_box);
 }
 
 }  // namespace brindle

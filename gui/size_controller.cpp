@@ -34,7 +34,7 @@ void create_size_controller(TreeWindow &tw) {
     panel.add_button("Reset", {}, button_callback(&Commands::reset_sizes));
     add_cancel(*tw.size_controller);
     panel.accept_keystrokes(true);
-    tw.size_controller->fit();
+    fit_with_title(*tw.size_controller);
 }
 
 }  // namespace brindle
