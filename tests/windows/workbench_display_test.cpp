@@ -38,10 +38,7 @@ TEST(workbench_display, levels_are_as_far_apart_as_the_sizes_say) {
     w.prefer({"tree-size"});
     w.gui().wait_focus("Tree Size Controls");
     EXPECT_EQ(w.gui().value("slider", "#"), "25");
-    const Area vertical = w.gui().map().item("slider", "#")->area;
-    w.gui().click_at(vertical.x + 10, vertical.middle_y());
-    w.gui().key("ctrl+a");
-    w.gui().type("77");
+    w.type_into_slider("#", "77");
     w.gui().press("Apply");
     EXPECT_EQ(below_root(w, "2.2").y, 2 * 100);
     w.gui().press("Reset");
@@ -55,14 +52,15 @@ TEST(workbench_display, levels_are_as_far_apart_as_the_sizes_say) {
     EXPECT_EQ(below_root(w, "2.2").y, 2 * 100) << "the applied sizes belong to the font size";
 }
 
-TEST(workbench_display, a_font_that_is_missing_is_named_and_replaced) {
+TEST(workbench_display, a_font_style_is_drawn_and_measured) {
     Workbench w;
     w.edit();
-    const int before = below_root(w, "2.2").x;
-    w.prefer({"font-style", "courier-bold"});
-    EXPECT_NE(w.gui().map().node("1.1")->area.w, 0);
+    const auto width = [&](const char *path) { return w.gui().map().node(path)->area.w; };
+    const int bold_sans = width("1.1");
     w.prefer({"font-style", "times-italic"});
-    EXPECT_NE(below_root(w, "2.2").x, before) << "narrower texts stand elsewhere";
+    EXPECT_LT(width("1.1"), bold_sans);
+    w.prefer({"font-style", "courier-bold"});
+    EXPECT_EQ(width("1.1") * 2, width("2.2.2.2") * 3) << "NNP and NN in a font of equal widths";
 }
 
 TEST(workbench_display, punctuation_is_hidden_until_it_is_asked_for) {

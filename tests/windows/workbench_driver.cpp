@@ -108,6 +108,18 @@ std::string Workbench::tree() {
     return gui_->value("slider", "Tree #");
 }
 
+void Workbench::turn_to(int tree) {
+    type_into_slider("Tree #", std::to_string(tree));
+    gui_->key("Return");
+}
+
+void Workbench::type_into_slider(const std::string &label, const std::string &number) {
+    const Area slider = gui_->map().item("slider", label)->area;
+    gui_->click_at(slider.x + 10, slider.middle_y());
+    gui_->key("ctrl+a");
+    gui_->type(number);
+}
+
 void Workbench::answer(const std::string &line, const std::string &button) {
     gui_->wait_until("notice: " + line, [&](const UiMap &map) {
         return !map.frames.empty() && map.has_line(map.frames.back().title, line);

@@ -31,6 +31,10 @@ class Workbench {
     std::string selected();
     // The number in the "Tree #" field.
     std::string tree();
+    // Types a number into it.
+    void turn_to(int tree);
+    // Types over the field of the first slider of that label.
+    void type_into_slider(const std::string &label, const std::string &number);
     // Answers the notice that is shown, which must hold the line, with the button.
     void answer(const std::string &line, const std::string &button = "Ok");
     // Waits for the tree window's footer.

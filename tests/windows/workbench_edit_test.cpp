@@ -2,7 +2,10 @@
 // counts is the saved file.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "windows/workbench_driver.hpp"
 
@@ -114,11 +117,7 @@ TEST(workbench, pages_are_turned_by_buttons_keys_and_slider) {
     w.gui().key("minus");
     w.gui().key("minus");
     EXPECT_EQ(w.tree(), "1");
-    const Area slider = w.gui().map().item("slider", "Tree #")->area;
-    w.gui().click_at(slider.x + 10, slider.middle_y());  // its field
-    w.gui().key("ctrl+a");
-    w.gui().type("3");
-    w.gui().key("Return");
+    w.turn_to(3);
     EXPECT_EQ(w.tag("2"), "walks");
     EXPECT_TRUE(w.gui().active("button", "Previous"));
     EXPECT_FALSE(w.gui().active("button", "Next"));
@@ -218,6 +217,28 @@ TEST(workbench, two_windows_show_one_corpus) {
     w.gui().press("Close");
     w.gui().wait_until("one tree window", [](const UiMap &map) { return map.frames.size() == 2; });
     EXPECT_EQ(w.tag("2.2"), "seen_twice");
+}
+
+TEST(workbench, one_edit_in_a_large_corpus_changes_that_place_of_the_file_alone) {
+    std::ifstream in(BRINDLE_SOURCE_DIR "/../shared/corpora/gum.trees", std::ios::binary);
+    if (!in) GTEST_SKIP() << "the corpus is not there";
+    const std::string corpus{std::istreambuf_iterator<char>(in), {}};
+    Workbench w(corpus, "gum.trees");
+    w.edit();
+    w.turn_to(2000);
+    w.type_tag(".", "here_it_is");
+    w.gui().press("Save");
+    w.wait_footer("gum.trees saved");
+    const std::string saved = w.file("gum.trees");
+    const auto [was, is] = std::mismatch(corpus.begin(), corpus.end(), saved.begin(), saved.end());
+    const auto tree = std::count(corpus.begin(), was, '#');
+    EXPECT_EQ(tree, 2000);
+    const auto tag = saved.find("here_it_is");
+    ASSERT_NE(tag, std::string::npos);
+    // What follows the place of the edit is as it was.
+    const auto same = std::mismatch(corpus.rbegin(), corpus.rend(), saved.rbegin(), saved.rend());
+    EXPECT_GE(static_cast<std::size_t>(same.second - saved.rbegin()), saved.size() - tag - 10);
+    EXPECT_LE(static_cast<std::size_t>(is - saved.begin()), tag);
 }
 
 }  // namespace
