@@ -131,6 +131,10 @@ std::string example(const std::string &name) {
     return file_beside_source("examples/" + name);
 }
 
+std::string example_folder() {
+    return BRINDLE_SOURCE_DIR "/examples";
+}
+
 std::string_view first_trees(std::string_view text, int n) {
     std::size_t at = 0;
     for (; n >= 0 && at != text.npos; --n) at = text.find("\n(", at + 1);

@@ -39,6 +39,7 @@ class Corpus {
 std::string shared_corpus(const std::string &name);
 // The text of a file of examples/.
 std::string example(const std::string &name);
+std::string example_folder();
 // The beginning of such a corpus, up to the end of its n-th tree.
 std::string_view first_trees(std::string_view text, int n);
 
