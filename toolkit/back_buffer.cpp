@@ -4,7 +4,9 @@
 
 namespace brindle::tk {
 
-BackBuffer::~BackBuffer() { release(); }
+BackBuffer::~BackBuffer() {
+    release();
+}
 
 void BackBuffer::release() {
     if (!pixmap_) return;

@@ -66,7 +66,9 @@ int PaintWindow::handle(int event) {
     }
 }
 
-bool canvas_widget(const Fl_Widget *widget) { return dynamic_cast<const PaintWindow *>(widget) != nullptr; }
+bool canvas_widget(const Fl_Widget *widget) {
+    return dynamic_cast<const PaintWindow *>(widget) != nullptr;
+}
 
 Canvas::Impl::Impl(Frame &owner)
     : frame(&owner),
@@ -97,9 +99,13 @@ void Canvas::Impl::attach(Canvas &canvas, Fl_Group &window) {
     frame->impl().lay_out();
 }
 
-Size Canvas::Impl::visible() const { return {paint->w(), paint->h()}; }
+Size Canvas::Impl::visible() const {
+    return {paint->w(), paint->h()};
+}
 
-Point Canvas::Impl::view_start() const { return {hbar.start(), vbar.start()}; }
+Point Canvas::Impl::view_start() const {
+    return {hbar.start(), vbar.start()};
+}
 
 void Canvas::Impl::move_to(Box box) {
     const Size before = visible();
@@ -155,7 +161,9 @@ Box Canvas::Impl::screen_box() const {
     return {at.x, at.y, paint->w(), paint->h()};
 }
 
-Fl_Widget *Canvas::Impl::focus_target() { return paint.get(); }
+Fl_Widget *Canvas::Impl::focus_target() {
+    return paint.get();
+}
 
 void Canvas::Impl::deliver_button(bool negative) {
     constexpr int codes[] = {EVENT_SELECT, EVENT_ADJUST, EVENT_MENU};
@@ -175,7 +183,8 @@ void Canvas::Impl::deliver_key(Event event) {
     const auto callback = on_event;
     if (!callback) return;
     const Box box = screen_box();
-    event.at = unscaled(Point{px(event.screen.x) - box.x + hbar.start(), px(event.screen.y) - box.y + vbar.start()});
+    event.at =
+        unscaled(Point{px(event.screen.x) - box.x + hbar.start(), px(event.screen.y) - box.y + vbar.start()});
     callback(*self, event);
     event.negative = true;
     if (frame->shown()) callback(*self, event);
@@ -195,9 +204,15 @@ void repaint_due_canvases() {
 Canvas::Canvas(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Canvas::~Canvas() = default;
 
-Frame &Canvas::frame() const { return *impl_->frame; }
-Scrollbar &Canvas::hscrollbar() { return horizontal_; }
-Scrollbar &Canvas::vscrollbar() { return vertical_; }
+Frame &Canvas::frame() const {
+    return *impl_->frame;
+}
+Scrollbar &Canvas::hscrollbar() {
+    return horizontal_;
+}
+Scrollbar &Canvas::vscrollbar() {
+    return vertical_;
+}
 
 void Canvas::set_repaint(std::function<void(Canvas &, Painter &)> repaint) {
     impl_->repaint = std::move(repaint);
@@ -208,16 +223,28 @@ void Canvas::set_event_callback(std::function<void(Canvas &, const Event &)> cal
     impl_->on_event = std::move(callback);
 }
 
-void Canvas::set_map_lines(std::function<std::vector<MapLine>()> lines) { impl_->map_lines = std::move(lines); }
+void Canvas::set_map_lines(std::function<std::vector<MapLine>()> lines) {
+    impl_->map_lines = std::move(lines);
+}
 
-Size Canvas::visible_size() const { return {unscaled(impl_->visible().w), unscaled(impl_->visible().h)}; }
+Size Canvas::visible_size() const {
+    return {unscaled(impl_->visible().w), unscaled(impl_->visible().h)};
+}
 
-Size Canvas::scrollable_size() const { return {unscaled(impl_->hbar.total()), unscaled(impl_->vbar.total())}; }
+Size Canvas::scrollable_size() const {
+    return {unscaled(impl_->hbar.total()), unscaled(impl_->vbar.total())};
+}
 
-void Canvas::set_scrollable_size(Size size) { impl_->set_scrollable({px(size.w), px(size.h)}); }
-void Canvas::set_preferred_size(Size size) { impl_->set_preferred({px(size.w), px(size.h)}); }
+void Canvas::set_scrollable_size(Size size) {
+    impl_->set_scrollable({px(size.w), px(size.h)});
+}
+void Canvas::set_preferred_size(Size size) {
+    impl_->set_preferred({px(size.w), px(size.h)});
+}
 
-void Canvas::redraw() { impl_->request(); }
+void Canvas::redraw() {
+    impl_->request();
+}
 
 void Canvas::repaint_now() {
     impl_->repaint_buffer();
@@ -233,7 +260,9 @@ void Canvas::clear(Colour background) {
     Fl::flush();
 }
 
-Point Canvas::position() const { return unscaled(Point{impl_->group->x(), impl_->group->y()}); }
+Point Canvas::position() const {
+    return unscaled(Point{impl_->group->x(), impl_->group->y()});
+}
 
 Point Canvas::to_screen(Point canvas_point) const {
     const Box box = impl_->screen_box();
@@ -241,9 +270,13 @@ Point Canvas::to_screen(Point canvas_point) const {
     return unscaled(Point{px(canvas_point.x) - start.x + box.x, px(canvas_point.y) - start.y + box.y});
 }
 
-unsigned long Canvas::x_window() const { return impl_->paint->shown() ? fl_xid(impl_->paint.get()) : 0; }
+unsigned long Canvas::x_window() const {
+    return impl_->paint->shown() ? fl_xid(impl_->paint.get()) : 0;
+}
 
-void Canvas::take_focus() { Fl::focus(impl_->paint.get()); }
+void Canvas::take_focus() {
+    Fl::focus(impl_->paint.get());
+}
 
 int Scrollbar::view_start() const {
     const Point start = unscaled(canvas_.impl().view_start());
@@ -258,6 +291,8 @@ int Scrollbar::object_length() const {
     return horizontal_ ? canvas_.scrollable_size().w : canvas_.scrollable_size().h;
 }
 
-void Scrollbar::set_view_start(int start) { canvas_.impl().scroll_to(horizontal_, px(start)); }
+void Scrollbar::set_view_start(int start) {
+    canvas_.impl().scroll_to(horizontal_, px(start));
+}
 
 }  // namespace brindle::tk

@@ -56,9 +56,9 @@ struct Canvas::Impl {
     void move_to(Box box);  // px, in the frame's window
     Size preferred() const { return preferred_; }
     void set_preferred(Size size) { preferred_ = size; }
-    Size visible() const;                         // px
-    Point view_start() const;                     // px
-    void set_scrollable(Size size);               // px
+    Size visible() const;                        // px
+    Point view_start() const;                    // px
+    void set_scrollable(Size size);              // px
     bool scroll_to(bool horizontal, int start);  // px
     void request() { dirty_ = dirty_ || !painting_; }
     bool due() const { return dirty_; }

@@ -65,6 +65,8 @@ void set_child_handler(pid_t pid, std::function<void(pid_t pid, int status)> han
     wake();  // it may have ended already
 }
 
-void clear_child_handler(pid_t pid) { handlers.erase(pid); }
+void clear_child_handler(pid_t pid) {
+    handlers.erase(pid);
+}
 
 }  // namespace brindle::tk

@@ -1,4 +1,5 @@
-// Every event on its way to a window: menus and notices take what is theirs, busy frames lose what they may not see.
+// Every event on its way to a window: menus and notices take what is theirs, busy frames lose what they may
+// not see.
 #include "toolkit/dispatch.hpp"
 
 #include <FL/Fl.H>
@@ -42,6 +43,15 @@ void handle_blocked(int event) {
     if (event == FL_PUSH) notice->show();
 }
 
+// FLTK chooses a widget of its own when a window gets the keyboard: it is to be the one that had it last.
+int change_focus(int event, Fl_Window *window, Frame::Impl &frame) {
+    frame.has_keyboard = event == FL_FOCUS;
+    Fl_Widget *target = frame.focus_widget();
+    const int done = Fl::handle_(event, window);
+    if (frame.has_keyboard && target) Fl::focus(target);
+    return done;
+}
+
 int handle_in_frame(int event, Fl_Window *window, Frame::Impl &frame) {
     if (event == FL_KEYBOARD) {
         frame.handle_key();
@@ -49,6 +59,7 @@ int handle_in_frame(int event, Fl_Window *window, Frame::Impl &frame) {
     }
     if (event == FL_KEYUP || event == FL_SHORTCUT) return 1;
     if (event == FL_PUSH) frame.commit_elsewhere();
+    if (event == FL_FOCUS || event == FL_UNFOCUS) return change_focus(event, window, frame);
     return Fl::handle_(event, window);
 }
 
@@ -82,10 +93,19 @@ bool by_a_grab(const XFocusChangeEvent &event) {
 
 // Without a window manager a frame gets the keyboard when it comes to the screen or is clicked on.
 void take_keyboard(const Frame::Impl &frame) {
-    if (window_manager_runs()) return;
     const Frame *notice = blocking_frame();
     const Frame::Impl &taker = notice ? notice->impl() : frame;
     focus_window(fl_xid(taker.window.get()));
+}
+
+// Managers give the keyboard to most new windows, but not to all; a pop-up is of no use without it.
+void opened(Frame::Impl &frame) {
+    frame.mapped = true;
+    if (!window_manager_runs()) {
+        take_keyboard(frame);
+    } else if (frame.kind != FrameKind::base && !another_program_has_keyboard()) {
+        ask_for_keyboard(fl_xid(frame.window.get()));
+    }
 }
 
 int look_at(const XEvent &event) {
@@ -95,13 +115,10 @@ int look_at(const XEvent &event) {
         case FocusOut:
             return by_a_grab(event.xfocus);
         case MapNotify:
-            if (frame && fl_find(event.xmap.window) == frame->window.get()) {
-                frame->mapped = true;
-                take_keyboard(*frame);
-            }
+            if (frame && fl_find(event.xmap.window) == frame->window.get()) opened(*frame);
             return 0;
         case ButtonPress:
-            if (frame && !popup_shown()) take_keyboard(*frame);
+            if (frame && !popup_shown() && !window_manager_runs()) take_keyboard(*frame);
             return 0;
         case ClientMessage:
             return sync_ui_map(event.xclient);
@@ -112,13 +129,20 @@ int look_at(const XEvent &event) {
 
 }  // namespace
 
-Frame *blocking_frame() { return blocking.empty() ? nullptr : blocking.back(); }
-void push_blocking_frame(Frame &frame) { blocking.push_back(&frame); }
-void pop_blocking_frame() { blocking.pop_back(); }
+Frame *blocking_frame() {
+    return blocking.empty() ? nullptr : blocking.back();
+}
+void push_blocking_frame(Frame &frame) {
+    blocking.push_back(&frame);
+}
+void pop_blocking_frame() {
+    blocking.pop_back();
+}
 
 void install_dispatch() {
     Fl::event_dispatch(dispatch);
-    Fl::add_system_handler([](void *event, void *) { return look_at(*static_cast<const XEvent *>(event)); }, nullptr);
+    Fl::add_system_handler([](void *event, void *) { return look_at(*static_cast<const XEvent *>(event)); },
+                           nullptr);
 }
 
 }  // namespace brindle::tk

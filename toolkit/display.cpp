@@ -18,8 +18,11 @@ namespace brindle::tk {
 
 namespace {
 
-// Windows come and go while requests about them are under way: an error about one is nothing to report or die of.
-int ignore_x_error(Display *, XErrorEvent *) { return 0; }
+// Windows come and go while requests about them are under way: an error about one is nothing to report or die
+// of.
+int ignore_x_error(Display *, XErrorEvent *) {
+    return 0;
+}
 
 double number_or(const char *text, double otherwise) {
     if (!text || !*text) return otherwise;
@@ -76,6 +79,8 @@ Size screen_size() {
     return {unscaled(area.w), unscaled(area.h)};
 }
 
-void bell() { XBell(x_display(), 0); }
+void bell() {
+    XBell(x_display(), 0);
+}
 
 }  // namespace brindle::tk

@@ -14,7 +14,9 @@ namespace {
 
 constexpr Fl_Boxtype FIELD_BOX = FL_FREE_BOXTYPE;
 
-void draw_plain_field(int x, int y, int w, int h, Fl_Color) { draw_field({x, y, w, h}, false, true); }
+void draw_plain_field(int x, int y, int w, int h, Fl_Color) {
+    draw_field({x, y, w, h}, false, true);
+}
 
 // FLTK asks the box type how far the text is from the border.
 void set_up_box() {
@@ -27,11 +29,15 @@ void set_up_box() {
     static_cast<void>(done);
 }
 
-bool is_tail_byte(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
+bool is_tail_byte(char c) {
+    return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
 
 }  // namespace
 
-int entry_width(int characters) { return characters * text_width("0") + 2 * px(5) + 2; }
+int entry_width(int characters) {
+    return characters * text_width("0") + 2 * px(5) + 2;
+}
 
 Entry::Entry(int stored, bool digits) : Fl_Input(0, 0, 1, 1), stored_(stored) {
     set_up_box();
@@ -45,14 +51,18 @@ Entry::Entry(int stored, bool digits) : Fl_Input(0, 0, 1, 1), stored_(stored) {
     callback([](Fl_Widget *, void *entry) { static_cast<Entry *>(entry)->keep_limit(); }, this);
 }
 
-std::string Entry::utf8() const { return {value(), static_cast<std::size_t>(size())}; }
+std::string Entry::utf8() const {
+    return {value(), static_cast<std::size_t>(size())};
+}
 
 void Entry::set_utf8(const std::string &text) {
     value(text.data(), static_cast<int>(text.size()));
     position(size());
 }
 
-void Entry::select_all() { position(size(), 0); }
+void Entry::select_all() {
+    position(size(), 0);
+}
 
 // What has just been inserted ends at the insertion point: its tail goes until the rest fits.
 void Entry::keep_limit() {

@@ -15,7 +15,9 @@ namespace {
 constexpr int PIXELS[FONT_SCALES] = {11, 13, 15, 19};
 constexpr std::size_t FALLBACKS_MAX = 12;
 
-int up(int screen_pixels) { return static_cast<int>(std::ceil(screen_pixels / scale() - 0.001)); }
+int up(int screen_pixels) {
+    return static_cast<int>(std::ceil(screen_pixels / scale() - 0.001));
+}
 
 std::unique_ptr<Font> open_font(std::string_view name, int font_scale) {
     const auto face = find_face(name);
@@ -30,7 +32,9 @@ std::unique_ptr<Font> open_font(std::string_view name, int font_scale) {
 
 }  // namespace
 
-int font_pixels(int font_scale) { return PIXELS[std::clamp(font_scale, 0, FONT_SCALES - 1)]; }
+int font_pixels(int font_scale) {
+    return PIXELS[std::clamp(font_scale, 0, FONT_SCALES - 1)];
+}
 
 XftFont *Font::Impl::font_with(char32_t c) {
     if (XftCharExists(x_display(), main, c)) return main;
@@ -95,12 +99,24 @@ void Font::Impl::place(std::string_view text, Point at, std::vector<XftGlyphFont
 Font::Font(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 Font::~Font() = default;
 
-const std::string &Font::name() const { return impl_->name; }
-int Font::font_scale() const { return impl_->font_scale; }
-int Font::width(std::string_view text) const { return up(impl_->width_px(text)); }
-int Font::ascent() const { return up(impl_->main->ascent); }
-int Font::descent() const { return up(impl_->main->descent); }
-int Font::height_of_h() const { return up(impl_->main->ascent + impl_->main->descent); }
+const std::string &Font::name() const {
+    return impl_->name;
+}
+int Font::font_scale() const {
+    return impl_->font_scale;
+}
+int Font::width(std::string_view text) const {
+    return up(impl_->width_px(text));
+}
+int Font::ascent() const {
+    return up(impl_->main->ascent);
+}
+int Font::descent() const {
+    return up(impl_->main->descent);
+}
+int Font::height_of_h() const {
+    return up(impl_->main->ascent + impl_->main->descent);
+}
 
 const Font *find_font(std::string_view name, int font_scale) {
     if (font_scale < 0 || font_scale >= FONT_SCALES) return nullptr;

@@ -47,7 +47,8 @@ struct Font::Impl {
     std::vector<XftFont *> fallbacks_;
 };
 
-// The face's family if fontconfig has it, opened at that pixel size; null otherwise. With `any` the nearest family does.
+// The face's family if fontconfig has it, opened at that pixel size; null otherwise. With `any` the nearest
+// family does.
 XftFont *open_face(const Face &face, double pixels, bool any);
 
 // The face that a font name stands for; nothing for a name that no installed family answers.

@@ -30,8 +30,9 @@ struct Style {
 };
 
 constexpr Style STYLES[] = {
-    {"normal", false, false}, {"roman", false, false},     {"medium", false, false},    {"bold", true, false},
-    {"italic", false, true},  {"bold-italic", true, true}, {"bolditalic", true, true}, {"oblique", false, true},
+    {"normal", false, false},   {"roman", false, false},  {"medium", false, false},
+    {"bold", true, false},      {"italic", false, true},  {"bold-italic", true, true},
+    {"bolditalic", true, true}, {"oblique", false, true},
 };
 
 // The nearest pattern that fontconfig has.

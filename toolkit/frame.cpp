@@ -46,7 +46,9 @@ std::string one_line(std::string_view text) {
 
 }  // namespace
 
-const std::vector<Frame::Impl *> &all_frames() { return frames(); }
+const std::vector<Frame::Impl *> &all_frames() {
+    return frames();
+}
 
 int live_frames() {
     return static_cast<int>(std::ranges::count_if(frames(), [](const Frame::Impl *frame) {
@@ -73,7 +75,11 @@ TopWindow::TopWindow(Frame::Impl &frame, const char *title)
 }
 
 Frame::Impl::Impl(Frame &frame, Frame *frame_owner, std::string_view frame_title, Kind frame_kind)
-    : self(frame), owner(frame_owner), kind(frame_kind), id(next_window_id()), title(first_title(frame_title)) {
+    : self(frame),
+      owner(frame_owner),
+      kind(frame_kind),
+      id(next_window_id()),
+      title(first_title(frame_title)) {
     open_display();
     static const bool named = (Fl_Window::default_xclass(class_name().c_str()), true);
     static_cast<void>(named);
@@ -81,7 +87,9 @@ Frame::Impl::Impl(Frame &frame, Frame *frame_owner, std::string_view frame_title
     frames().push_back(this);
 }
 
-Frame::Impl::~Impl() { std::erase(frames(), this); }
+Frame::Impl::~Impl() {
+    std::erase(frames(), this);
+}
 
 Frame::Frame(std::string_view title) : Frame(nullptr, title, FrameKind::base) {}
 
@@ -104,8 +112,12 @@ CommandFrame &Frame::add_command_frame(std::string_view title) {
     return kept;
 }
 
-Frame *Frame::owner() const { return impl_->owner; }
-const std::vector<std::unique_ptr<Frame>> &Frame::subframes() const { return impl_->subframes; }
+Frame *Frame::owner() const {
+    return impl_->owner;
+}
+const std::vector<std::unique_ptr<Frame>> &Frame::subframes() const {
+    return impl_->subframes;
+}
 
 namespace {
 
@@ -148,8 +160,12 @@ TextWindow &Frame::add_text_window() {
     return *impl_->text;
 }
 
-const std::vector<std::unique_ptr<Panel>> &Frame::panels() const { return impl_->panels; }
-std::string Frame::title() const { return impl_->title; }
+const std::vector<std::unique_ptr<Panel>> &Frame::panels() const {
+    return impl_->panels;
+}
+std::string Frame::title() const {
+    return impl_->title;
+}
 
 void Frame::set_title(std::string_view title) {
     impl_->title = title;
@@ -161,7 +177,9 @@ void Frame::show_footer(bool shown) {
     impl_->lay_out();
 }
 
-std::string Frame::footer() const { return from_display(impl_->footer); }
+std::string Frame::footer() const {
+    return from_display(impl_->footer);
+}
 
 void Frame::set_footer(std::string_view text) {
     impl_->footer = to_display(one_line(text));
@@ -169,7 +187,9 @@ void Frame::set_footer(std::string_view text) {
     impl_->window->damage(FL_DAMAGE_EXPOSE, box.x, box.y, box.w, box.h);
 }
 
-bool Frame::busy() const { return impl_->busy; }
+bool Frame::busy() const {
+    return impl_->busy;
+}
 
 void Frame::set_busy(bool busy) {
     impl_->busy = busy;
@@ -178,17 +198,27 @@ void Frame::set_busy(bool busy) {
     if (impl_->canvas) impl_->canvas->impl().set_pointer(pointer);
 }
 
-void Frame::show() { impl_->show_window(); }
-void Frame::hide() { impl_->hide_window(); }
-bool Frame::shown() const { return impl_->window->shown() != 0; }
-Point Frame::position() const { return unscaled(impl_->origin()); }
+void Frame::show() {
+    impl_->show_window();
+}
+void Frame::hide() {
+    impl_->hide_window();
+}
+bool Frame::shown() const {
+    return impl_->window->shown() != 0;
+}
+Point Frame::position() const {
+    return unscaled(impl_->origin());
+}
 
 void Frame::set_position(Point screen) {
     impl_->placed = true;
     impl_->window->position(px(screen.x), px(screen.y));
 }
 
-Size Frame::size() const { return {unscaled(impl_->window->w()), unscaled(impl_->window->h())}; }
+Size Frame::size() const {
+    return {unscaled(impl_->window->w()), unscaled(impl_->window->h())};
+}
 
 void Frame::set_size(Size size) {
     impl_->window->size(px(size.w), px(size.h));
@@ -208,12 +238,16 @@ void Frame::set_resizable(bool resizable) {
     impl_->set_size_range();
 }
 
-void Frame::set_on_close(std::function<void(Frame &)> callback) { impl_->on_close = std::move(callback); }
+void Frame::set_on_close(std::function<void(Frame &)> callback) {
+    impl_->on_close = std::move(callback);
+}
 
 CommandFrame::CommandFrame(Frame &owner, std::string_view title) : Frame(&owner, title, FrameKind::command) {
     add_panel();
 }
 
-Panel &CommandFrame::panel() const { return *panels().front(); }
+Panel &CommandFrame::panel() const {
+    return *panels().front();
+}
 
 }  // namespace brindle::tk

@@ -24,16 +24,17 @@ struct Frame::Impl {
     Frame &self;
     Frame *owner;
     Kind kind;
-    int id;  // in the screen map
+    int id;              // in the screen map
     std::string title;   // locale
     std::string footer;  // UTF-8
     bool footer_shown = false;
     bool busy = false;
     bool resizable = true;
-    bool mapped = false;     // the server has it on the screen
-    bool placed = false;     // someone said where it is to be
-    Fl_Widget *last_focus = nullptr;  // had the keyboard last
-    bool destroyed = false;  // hidden for good, to be freed
+    bool mapped = false;              // the server has it on the screen
+    bool placed = false;              // someone said where it is to be
+    Fl_Widget *last_focus = nullptr;  // had the keyboard last, or is to have it
+    bool has_keyboard = false;        // the server sends keys here
+    bool destroyed = false;           // hidden for good, to be freed
     std::function<void(Frame &)> on_close;
     std::function<bool(const Event &)> key_hook;  // sees the frame's keys first; true: dealt with
     std::function<void(Box)> draw_ground;         // draws under the items of a notice
@@ -57,16 +58,17 @@ struct Frame::Impl {
     void close();  // as the window manager asks
 
     // The keyboard inside the frame.
-    Fl_Widget *focus_widget();                // that has it, or should; null: nobody can
-    Fl_Widget *first_focus();                 // that gets it when the frame opens
-    std::vector<ItemView *> focus_items();    // that can have it, in the order of Tab
+    Fl_Widget *focus_widget();              // that has it, or should; null: nobody can
+    Fl_Widget *first_focus();               // that gets it when the frame opens
+    std::vector<ItemView *> focus_items();  // that can have it, in the order of Tab
     ItemView *view_of(const Fl_Widget *widget) const;
-    void give_focus(ItemView &view);          // and selects its text
-    void offer_focus(ItemView &view);         // takes it if nothing of use has it
+    void focus_on(Fl_Widget *widget);  // now, or when the frame has the keyboard
+    void give_focus(ItemView &view);   // and selects its text
+    void offer_focus(ItemView &view);  // takes it if nothing of use has it
     // A key while the frame is busy: only Control-C reaches the canvas, whose user stops the work with it.
     void handle_busy_key();
-    void handle_key();                        // the key of FLTK's current event
-    void commit_elsewhere();                  // a button press outside the field that has the keyboard
+    void handle_key();        // the key of FLTK's current event
+    void commit_elsewhere();  // a button press outside the field that has the keyboard
 
   private:
     bool background_key(Panel *panel, const Event &event);

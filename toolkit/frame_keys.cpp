@@ -21,14 +21,16 @@ struct KeyCode {
 };
 
 constexpr KeyCode KEY_CODES[] = {
-    {FL_Enter, CODE_RETURN}, {FL_KP_Enter, CODE_RETURN},   {FL_Escape, CODE_ESCAPE},
-    {FL_Tab, '\t'},          {FL_BackSpace, '\b'},         {FL_Delete, 127},
-    {FL_Up, EVENT_UP},       {FL_Down, EVENT_DOWN},        {FL_Left, EVENT_LEFT},
-    {FL_Right, EVENT_RIGHT}, {FL_Page_Up, EVENT_PAGE_UP},  {FL_Page_Down, EVENT_PAGE_DOWN},
+    {FL_Enter, CODE_RETURN}, {FL_KP_Enter, CODE_RETURN},  {FL_Escape, CODE_ESCAPE},
+    {FL_Tab, '\t'},          {FL_BackSpace, '\b'},        {FL_Delete, 127},
+    {FL_Up, EVENT_UP},       {FL_Down, EVENT_DOWN},       {FL_Left, EVENT_LEFT},
+    {FL_Right, EVENT_RIGHT}, {FL_Page_Up, EVENT_PAGE_UP}, {FL_Page_Down, EVENT_PAGE_DOWN},
     {FL_Home, EVENT_HOME},   {FL_End, EVENT_END},
 };
 
-bool takes_keys(const Fl_Widget *widget) { return widget && widget->active_r() && widget->visible_r(); }
+bool takes_keys(const Fl_Widget *widget) {
+    return widget && widget->active_r() && widget->visible_r();
+}
 
 }  // namespace
 
@@ -94,17 +96,23 @@ Fl_Widget *Frame::Impl::focus_widget() {
     return takes_keys(last_focus) ? last_focus : first_focus();
 }
 
+// FLTK would fetch the keyboard to the window.
+void Frame::Impl::focus_on(Fl_Widget *widget) {
+    last_focus = widget;
+    if (has_keyboard) Fl::focus(widget);
+}
+
 void Frame::Impl::give_focus(ItemView &view) {
     Fl_Widget *target = view.focus_target();
     if (!takes_keys(target)) return;
-    Fl::focus(target);
+    focus_on(target);
     view.focused();
 }
 
 void Frame::Impl::offer_focus(ItemView &view) {
-    const bool idle = focus_widget() == nullptr || (text && !text->editable() && text_has_focus(Fl::focus()));
-    const bool here = !Fl::focus() || window->contains(Fl::focus());
-    if (idle && here && mapped && view.takes_text()) give_focus(view);
+    Fl_Widget *current = last_focus;
+    const bool idle = !takes_keys(current) || (text_has_focus(current) && !text->editable());
+    if (idle && mapped && view.takes_text()) give_focus(view);
 }
 
 bool Frame::Impl::text_has_focus(const Fl_Widget *widget) const {

@@ -35,7 +35,9 @@ Box cut_strip(Box &rest, Side side, Size wanted, bool all) {
 
 }  // namespace
 
-int Frame::Impl::footer_height() const { return footer_shown ? line_height() + px(6) : 0; }
+int Frame::Impl::footer_height() const {
+    return footer_shown ? line_height() + px(6) : 0;
+}
 
 Box Frame::Impl::footer_box() const {
     const int height = footer_height();
@@ -105,7 +107,8 @@ void TopWindow::draw() {
     fl_color(look::FAINT);
     fl_xyline(box.x, box.y, box.x + box.w - 1);
     const int margin = px(8);
-    draw_text(impl.footer, {box.x + margin, box.y + 1, box.w - 2 * margin, box.h - 1}, Align::left, look::TEXT);
+    draw_text(impl.footer, {box.x + margin, box.y + 1, box.w - 2 * margin, box.h - 1}, Align::left,
+              look::TEXT);
 }
 
 }  // namespace brindle::tk

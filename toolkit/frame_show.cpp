@@ -118,16 +118,11 @@ void set_hints(const Frame::Impl &frame) {
 void activate(const Frame::Impl &frame) {
     const Window window = fl_xid(frame.window.get());
     XRaiseWindow(x_display(), window);
-    if (!window_manager_runs()) return focus_window(window);
-    XEvent message{};
-    message.xclient.type = ClientMessage;
-    message.xclient.window = window;
-    message.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
-    message.xclient.format = 32;
-    message.xclient.data.l[0] = 1;
-    message.xclient.data.l[1] = static_cast<long>(fl_event_time);
-    XSendEvent(x_display(), DefaultRootWindow(x_display()), False,
-               SubstructureRedirectMask | SubstructureNotifyMask, &message);
+    if (window_manager_runs()) {
+        ask_for_keyboard(window);
+    } else {
+        focus_window(window);
+    }
 }
 
 // Without a window manager the keyboard goes on to the owner, or to any frame that is left.
@@ -165,9 +160,7 @@ void Frame::Impl::show_window() {
         set_hints(*this);
         if (busy) self.set_busy(true);
     }
-    last_focus = first_focus();
-    if (!last_focus) return;
-    Fl::focus(last_focus);
+    focus_on(first_focus());
     if (ItemView *view = view_of(last_focus)) view->focused();
 }
 

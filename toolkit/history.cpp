@@ -6,7 +6,9 @@ namespace brindle::tk {
 
 namespace {
 
-bool is_blank(char c) { return c == ' ' || c == '\n' || c == '\t'; }
+bool is_blank(char c) {
+    return c == ' ' || c == '\n' || c == '\t';
+}
 
 // A word that was begun ends with the blanks behind it.
 bool same_word(const std::string &typed, const std::string &more) {
@@ -22,7 +24,8 @@ bool History::joins(const TextEdit &edit) const {
     const bool typing = edit.deleted.empty() && last.deleted.empty() && !last.inserted.empty() &&
                         edit.inserted.size() <= one_character && edit.at == last.at + last.inserted.size();
     if (typing) return same_word(last.inserted, edit.inserted);
-    const bool deleting = edit.inserted.empty() && last.inserted.empty() && edit.deleted.size() <= one_character;
+    const bool deleting =
+        edit.inserted.empty() && last.inserted.empty() && edit.deleted.size() <= one_character;
     return deleting && (edit.at + edit.deleted.size() == last.at || edit.at == last.at);
 }
 

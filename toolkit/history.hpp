@@ -17,7 +17,8 @@ struct TextEdit {
 
 class History {
   public:
-    // Remembers a change; what had been undone is lost. Typing a word, or deleting character by character, is one step.
+    // Remembers a change; what had been undone is lost. Typing a word, or deleting character by character, is
+    // one step.
     void record(TextEdit edit);
     // The change to take back, or to make again; nothing when there is none.
     std::optional<TextEdit> undo();

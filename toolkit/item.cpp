@@ -19,9 +19,13 @@ Item::Item(Panel &panel, std::unique_ptr<ItemView> view) : panel_(panel), view_(
 
 Item::~Item() = default;
 
-Frame &Item::frame() const { return panel_.frame(); }
+Frame &Item::frame() const {
+    return panel_.frame();
+}
 
-std::string Item::label() const { return from_display(view_->label_utf8()); }
+std::string Item::label() const {
+    return from_display(view_->label_utf8());
+}
 
 void Item::set_label(std::string_view label) {
     std::string shown = to_display(label);
@@ -30,7 +34,9 @@ void Item::set_label(std::string_view label) {
     panel_.impl().lay_out();
 }
 
-bool Item::inactive() const { return !view_->active(); }
+bool Item::inactive() const {
+    return !view_->active();
+}
 
 void Item::set_inactive(bool inactive) {
     if (inactive == this->inactive()) return;
@@ -55,7 +61,9 @@ Box Item::screen_box() const {
             unscaled(control.h)};
 }
 
-void Item::take_focus() { frame().impl().give_focus(*view_); }
+void Item::take_focus() {
+    frame().impl().give_focus(*view_);
+}
 
 void leave_item(Item &item) {
     Frame::Impl &frame = item.frame().impl();

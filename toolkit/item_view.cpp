@@ -49,9 +49,13 @@ Box ItemView::label_box() const {
     return {x(), y(), control_.x - x(), height};
 }
 
-bool ItemView::has_focus() { return focus_target() && Fl::focus() == focus_target(); }
+bool ItemView::has_focus() {
+    return focus_target() && Fl::focus() == focus_target();
+}
 
-bool ItemView::key(const Event &) { return false; }
+bool ItemView::key(const Event &) {
+    return false;
+}
 
 void ItemView::draw() {
     if (damage() & ~FL_DAMAGE_CHILD) {

@@ -99,7 +99,9 @@ int ChoiceView::handle(int event) {
     return 1;
 }
 
-ChoiceView &choice_view(const Item &item) { return static_cast<ChoiceView &>(item.view()); }
+ChoiceView &choice_view(const Item &item) {
+    return static_cast<ChoiceView &>(item.view());
+}
 
 }  // namespace
 
@@ -109,7 +111,9 @@ Choice::Choice(Panel &panel, std::string_view label, std::vector<std::string> op
     set_callback(std::move(callback));
 }
 
-int Choice::value() const { return choice_view(*this).value; }
+int Choice::value() const {
+    return choice_view(*this).value;
+}
 
 void Choice::set_value(int value) {
     ChoiceView &view = choice_view(*this);
@@ -117,8 +121,12 @@ void Choice::set_value(int value) {
     view.redraw();
 }
 
-std::string Choice::option(int n) const { return choice_view(*this).options.at(static_cast<std::size_t>(n)); }
+std::string Choice::option(int n) const {
+    return choice_view(*this).options.at(static_cast<std::size_t>(n));
+}
 
-void Choice::set_callback(Callback callback) { choice_view(*this).callback = std::move(callback); }
+void Choice::set_callback(Callback callback) {
+    choice_view(*this).callback = std::move(callback);
+}
 
 }  // namespace brindle::tk

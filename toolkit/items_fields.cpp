@@ -105,8 +105,12 @@ class NumericView : public FieldView {
     int value_ = 0;
 };
 
-TextFieldView &text_view(const Item &item) { return static_cast<TextFieldView &>(item.view()); }
-NumericView &numeric_view(const Item &item) { return static_cast<NumericView &>(item.view()); }
+TextFieldView &text_view(const Item &item) {
+    return static_cast<TextFieldView &>(item.view());
+}
+NumericView &numeric_view(const Item &item) {
+    return static_cast<NumericView &>(item.view());
+}
 
 }  // namespace
 
@@ -117,7 +121,9 @@ TextField::TextField(Panel &panel, std::string_view label, Options options, Call
     set_callback(std::move(callback));
 }
 
-std::string TextField::value() const { return from_display(text_view(*this).entry.utf8()); }
+std::string TextField::value() const {
+    return from_display(text_view(*this).entry.utf8());
+}
 
 void TextField::set_value(std::string_view value) {
     Entry &entry = text_view(*this).entry;
@@ -126,14 +132,18 @@ void TextField::set_value(std::string_view value) {
     if (Fl::focus() == &entry) entry.select_all();
 }
 
-void TextField::set_callback(Callback callback) { text_view(*this).callback = std::move(callback); }
+void TextField::set_callback(Callback callback) {
+    text_view(*this).callback = std::move(callback);
+}
 
 void TextField::notify() {
     const auto f = text_view(*this).callback;
     if (f) f(*this);
 }
 
-void TextField::set_completer(Completer completer) { text_view(*this).completer = std::move(completer); }
+void TextField::set_completer(Completer completer) {
+    text_view(*this).completer = std::move(completer);
+}
 
 NumericField::NumericField(Panel &panel, std::string_view label, Options options, Callback callback)
     : Item(panel, std::make_unique<NumericView>(options)) {
@@ -141,8 +151,12 @@ NumericField::NumericField(Panel &panel, std::string_view label, Options options
     numeric_view(*this).callback = std::move(callback);
 }
 
-int NumericField::value() const { return numeric_view(*this).typed(); }
-void NumericField::set_value(int value) { numeric_view(*this).set(value); }
+int NumericField::value() const {
+    return numeric_view(*this).typed();
+}
+void NumericField::set_value(int value) {
+    numeric_view(*this).set(value);
+}
 
 void NumericField::set_range(int min, int max) {
     NumericView &view = numeric_view(*this);

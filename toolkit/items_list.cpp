@@ -18,9 +18,13 @@ ListView::ListView(const List::Options &options) : ItemView("list"), options_(op
     update_bar(0);
 }
 
-int ListView::row_height() const { return line_height() + px(4); }
+int ListView::row_height() const {
+    return line_height() + px(4);
+}
 
-Size ListView::control_size() const { return {px(options_.width), options_.rows * row_height() + 2}; }
+Size ListView::control_size() const {
+    return {px(options_.width), options_.rows * row_height() + 2};
+}
 
 std::string ListView::value_utf8() const {
     return selected_ < 0 ? std::string() : rows[static_cast<std::size_t>(selected_)].utf8;
@@ -121,17 +125,30 @@ bool ListView::key(const Event &event) {
     const int last = static_cast<int>(rows.size()) - 1;
     int row = selected_;
     switch (event.code) {
-        case EVENT_UP: row = std::max(row - 1, 0); break;
-        case EVENT_DOWN: row = row + 1; break;
-        case EVENT_PAGE_UP: row = std::max(row - options_.rows, 0); break;
-        case EVENT_PAGE_DOWN: row = row + options_.rows; break;
-        case EVENT_HOME: row = 0; break;
-        case EVENT_END: row = last; break;
+        case EVENT_UP:
+            row = std::max(row - 1, 0);
+            break;
+        case EVENT_DOWN:
+            row = row + 1;
+            break;
+        case EVENT_PAGE_UP:
+            row = std::max(row - options_.rows, 0);
+            break;
+        case EVENT_PAGE_DOWN:
+            row = row + options_.rows;
+            break;
+        case EVENT_HOME:
+            row = 0;
+            break;
+        case EVENT_END:
+            row = last;
+            break;
         case CODE_RETURN:
             if (!on_activate || selected_ < 0) return false;
             activate_row();
             return true;
-        default: return false;
+        default:
+            return false;
     }
     choose(std::min(row, last));
     return true;
@@ -139,7 +156,9 @@ bool ListView::key(const Event &event) {
 
 namespace {
 
-ListView &list_view(const Item &item) { return static_cast<ListView &>(item.view()); }
+ListView &list_view(const Item &item) {
+    return static_cast<ListView &>(item.view());
+}
 
 }  // namespace
 
@@ -148,8 +167,12 @@ List::List(Panel &panel, std::string_view label, Options options)
     set_label(label);
 }
 
-int List::size() const { return static_cast<int>(list_view(*this).rows.size()); }
-std::string List::row(int n) const { return list_view(*this).rows.at(static_cast<std::size_t>(n)).text; }
+int List::size() const {
+    return static_cast<int>(list_view(*this).rows.size());
+}
+std::string List::row(int n) const {
+    return list_view(*this).rows.at(static_cast<std::size_t>(n)).text;
+}
 
 void List::add_row(std::string_view text) {
     list_view(*this).rows.push_back({std::string(text), to_display(text)});
@@ -177,9 +200,17 @@ void List::clear() {
     list_view(*this).rows_changed();
 }
 
-int List::selected() const { return list_view(*this).selected(); }
-void List::select(int n) { list_view(*this).select(n); }
-void List::set_on_select(Callback callback) { list_view(*this).on_select = std::move(callback); }
-void List::set_on_activate(Callback callback) { list_view(*this).on_activate = std::move(callback); }
+int List::selected() const {
+    return list_view(*this).selected();
+}
+void List::select(int n) {
+    list_view(*this).select(n);
+}
+void List::set_on_select(Callback callback) {
+    list_view(*this).on_select = std::move(callback);
+}
+void List::set_on_activate(Callback callback) {
+    list_view(*this).on_activate = std::move(callback);
+}
 
 }  // namespace brindle::tk

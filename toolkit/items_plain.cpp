@@ -49,9 +49,7 @@ void ButtonView::draw() {
     const bool active = active_r() != 0;
     const bool is_default = item && default_button_of(*item) == item;
     const Fl_Color face = down_ ? look::BUTTON_DOWN : over() && active ? look::BUTTON_OVER : look::BUTTON;
-    const Fl_Color border = !active                        ? look::FAINT
-                            : has_focus() || is_default ? look::ACCENT
-                                                          : look::BORDER;
+    const Fl_Color border = !active ? look::FAINT : has_focus() || is_default ? look::ACCENT : look::BORDER;
     const Box box = control_box();
     fl_color(color());
     fl_rectf(x(), y(), w(), h());
@@ -104,9 +102,8 @@ class CheckBoxView : public ItemView {
     CheckBox::Callback callback;
 
     Size control_size() const override {
-        const int text = label_left() || label_utf8().empty()
-                             ? 0
-                             : px(look::LABEL_GAP) + text_width(label_utf8());
+        const int text =
+            label_left() || label_utf8().empty() ? 0 : px(look::LABEL_GAP) + text_width(label_utf8());
         return {px(SIZE) + 2 * RING + text, px(look::CONTROL)};
     }
     int label_room() const override { return label_left() ? ItemView::label_room() : 0; }
@@ -164,8 +161,12 @@ void CheckBoxView::toggle() {
     if (f) f(static_cast<CheckBox &>(*item), value);
 }
 
-ButtonView &button_view(const Item &item) { return static_cast<ButtonView &>(item.view()); }
-CheckBoxView &check_view(const Item &item) { return static_cast<CheckBoxView &>(item.view()); }
+ButtonView &button_view(const Item &item) {
+    return static_cast<ButtonView &>(item.view());
+}
+CheckBoxView &check_view(const Item &item) {
+    return static_cast<CheckBoxView &>(item.view());
+}
 
 }  // namespace
 
@@ -181,7 +182,9 @@ void Button::set_callback(Callback callback) {
     };
 }
 
-void Button::press() { button_view(*this).press(); }
+void Button::press() {
+    button_view(*this).press();
+}
 
 Message::Message(Panel &panel, std::string_view text, bool bold)
     : Item(panel, std::make_unique<MessageView>(bold)) {
@@ -195,13 +198,17 @@ CheckBox::CheckBox(Panel &panel, std::string_view label, bool value, Callback ca
     set_callback(std::move(callback));
 }
 
-bool CheckBox::value() const { return check_view(*this).value; }
+bool CheckBox::value() const {
+    return check_view(*this).value;
+}
 
 void CheckBox::set_value(bool value) {
     check_view(*this).value = value;
     check_view(*this).redraw();
 }
 
-void CheckBox::set_callback(Callback callback) { check_view(*this).callback = std::move(callback); }
+void CheckBox::set_callback(Callback callback) {
+    check_view(*this).callback = std::move(callback);
+}
 
 }  // namespace brindle::tk

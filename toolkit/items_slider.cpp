@@ -167,6 +167,7 @@ int SliderView::handle(int event) {
         }
         case FL_RELEASE:
             if (!std::exchange(dragged_, false)) return ItemView::handle(event);
+            value_ = value_at_pointer();  // FLTK may tell of the way to here only afterwards
             choose(std::exchange(value_, value_before_));
             return 1;
         case FL_MOUSEWHEEL:
@@ -178,7 +179,9 @@ int SliderView::handle(int event) {
     }
 }
 
-SliderView &slider_view(const Item &item) { return static_cast<SliderView &>(item.view()); }
+SliderView &slider_view(const Item &item) {
+    return static_cast<SliderView &>(item.view());
+}
 
 }  // namespace
 
@@ -188,10 +191,18 @@ Slider::Slider(Panel &panel, std::string_view label, Options options, Callback c
     set_callback(std::move(callback));
 }
 
-int Slider::value() const { return slider_view(*this).value(); }
-void Slider::set_value(int value) { slider_view(*this).set(value); }
-int Slider::min() const { return slider_view(*this).min; }
-int Slider::max() const { return slider_view(*this).max; }
+int Slider::value() const {
+    return slider_view(*this).value();
+}
+void Slider::set_value(int value) {
+    slider_view(*this).set(value);
+}
+int Slider::min() const {
+    return slider_view(*this).min;
+}
+int Slider::max() const {
+    return slider_view(*this).max;
+}
 
 void Slider::set_min(int min) {
     slider_view(*this).min = min;
@@ -203,6 +214,8 @@ void Slider::set_max(int max) {
     set_value(value());
 }
 
-void Slider::set_callback(Callback callback) { slider_view(*this).callback = std::move(callback); }
+void Slider::set_callback(Callback callback) {
+    slider_view(*this).callback = std::move(callback);
+}
 
 }  // namespace brindle::tk

@@ -52,15 +52,25 @@ void set_up_fonts() {
     FL_NORMAL_SIZE = label_size;
 }
 
-void use_font(bool bold) { fl_font(bold ? FL_HELVETICA_BOLD : FL_HELVETICA, label_size); }
+void use_font(bool bold) {
+    fl_font(bold ? FL_HELVETICA_BOLD : FL_HELVETICA, label_size);
+}
 
-Fl_Color mixed(Fl_Color a, Fl_Color b) { return fl_color_average(a, b, 0.5F); }
+Fl_Color mixed(Fl_Color a, Fl_Color b) {
+    return fl_color_average(a, b, 0.5F);
+}
 
 }  // namespace
 
-Fl_Color fl_colour(Colour colour) { return fl_rgb_color(colour.r, colour.g, colour.b); }
-Colour text_foreground() { return foreground_colour; }
-Colour text_background() { return background_colour; }
+Fl_Color fl_colour(Colour colour) {
+    return fl_rgb_color(colour.r, colour.g, colour.b);
+}
+Colour text_foreground() {
+    return foreground_colour;
+}
+Colour text_background() {
+    return background_colour;
+}
 
 void set_up_look() {
     const XOptions &options = x_options();
@@ -77,7 +87,9 @@ void set_up_look() {
     Fl::scrollbar_size(px(look::SCROLLBAR));
 }
 
-int text_size() { return label_size; }
+int text_size() {
+    return label_size;
+}
 
 int line_height() {
     use_font(false);

@@ -43,8 +43,8 @@ Colour text_foreground();
 Colour text_background();
 Fl_Color fl_colour(Colour colour);
 
-int text_size();                                           // of labels, px
-int line_height();                                         // of a line of labels
+int text_size();    // of labels, px
+int line_height();  // of a line of labels
 int text_width(const std::string &utf8, bool bold = false);
 // One line of text, centred vertically in the box. Nothing is drawn outside the box.
 void draw_text(const std::string &utf8, Box box, Align align, Fl_Color colour, bool bold = false);

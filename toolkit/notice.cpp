@@ -134,10 +134,14 @@ void NoticeFrame::draw_marks(Box box) const {
     const int x = std::clamp(position_.arrow.x, 2 * size, box.w - 2 * size);
     const int y = std::clamp(position_.arrow.y, 2 * size, box.h - 2 * size);
     switch (position_.side) {
-        case NoticePosition::Side::below: return fl_polygon(x - size, size, x + size, size, x, 0);
-        case NoticePosition::Side::above: return fl_polygon(x - size, box.h - size, x + size, box.h - size, x, box.h);
-        case NoticePosition::Side::right: return fl_polygon(size, y - size, size, y + size, 0, y);
-        default: return fl_polygon(box.w - size, y - size, box.w - size, y + size, box.w, y);
+        case NoticePosition::Side::below:
+            return fl_polygon(x - size, size, x + size, size, x, 0);
+        case NoticePosition::Side::above:
+            return fl_polygon(x - size, box.h - size, x + size, box.h - size, x, box.h);
+        case NoticePosition::Side::right:
+            return fl_polygon(size, y - size, size, y + size, 0, y);
+        default:
+            return fl_polygon(box.w - size, y - size, box.w - size, y + size, box.w, y);
     }
 }
 
@@ -159,9 +163,15 @@ Point middle_of(const Frame &frame, Box box) {
 
 }  // namespace
 
-NoticePlace place_on(Frame &frame) { return {&frame, std::nullopt}; }
-NoticePlace place_on(Panel &panel) { return place_on(panel.frame()); }
-NoticePlace place_on(TextWindow &window) { return place_on(window.frame()); }
+NoticePlace place_on(Frame &frame) {
+    return {&frame, std::nullopt};
+}
+NoticePlace place_on(Panel &panel) {
+    return place_on(panel.frame());
+}
+NoticePlace place_on(TextWindow &window) {
+    return place_on(window.frame());
+}
 
 NoticePlace place_at(Item &item) {
     const Box box = item.screen_box();
@@ -182,6 +192,8 @@ int notice_prompt(const NoticeSpec &spec) {
     return frame.run();
 }
 
-bool notice_shown() { return blocking_frame() != nullptr; }
+bool notice_shown() {
+    return blocking_frame() != nullptr;
+}
 
 }  // namespace brindle::tk

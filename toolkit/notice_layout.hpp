@@ -15,7 +15,8 @@ struct NoticePosition {
     Point arrow;  // the place it points at, seen from its upper left corner
 };
 
-// Beside a place of the screen, on the screen, and not over the place unless there is no room for anything else.
+// Beside a place of the screen, on the screen, and not over the place unless there is no room for anything
+// else.
 NoticePosition beside(Point pointed, Size size, Box area);
 // In the middle of the box, but on the screen.
 NoticePosition in_the_middle(Box box, Size size, Box area);

@@ -60,7 +60,9 @@ void on_timer(void *data) {
     f();
 }
 
-void *as_data(int timer) { return reinterpret_cast<void *>(static_cast<std::intptr_t>(timer)); }
+void *as_data(int timer) {
+    return reinterpret_cast<void *>(static_cast<std::intptr_t>(timer));
+}
 
 }  // namespace
 
@@ -80,7 +82,9 @@ void loop_until(const std::function<bool()> &done) {
     }
 }
 
-void when_quiet(std::function<void()> f) { quiet_work.push_back(std::move(f)); }
+void when_quiet(std::function<void()> f) {
+    quiet_work.push_back(std::move(f));
+}
 
 void main_loop() {
     stopping = false;

@@ -48,7 +48,9 @@ bool clip(Line &line, Size view) {
            cut(line, line.y1 + MARGIN, line.y2 + MARGIN) && cut(line, bottom - line.y1, bottom - line.y2);
 }
 
-int to_int(double value) { return static_cast<int>(std::lround(value)); }
+int to_int(double value) {
+    return static_cast<int>(std::lround(value));
+}
 
 }  // namespace
 
@@ -68,7 +70,8 @@ void Painter::line(const GraphicsContext &gc, Point from, Point to) {
     if (!clip(line, buffer.size())) return;
     const int width = gc.line_width > 1 ? std::max(1, px(gc.line_width)) : gc.line_width;
     if (width != impl_.line_width) {
-        XSetLineAttributes(x_display(), buffer.gc(), static_cast<unsigned>(width), LineSolid, CapButt, JoinMiter);
+        XSetLineAttributes(x_display(), buffer.gc(), static_cast<unsigned>(width), LineSolid, CapButt,
+                           JoinMiter);
         impl_.line_width = width;
     }
     set_foreground(buffer, gc.foreground);

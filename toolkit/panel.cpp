@@ -24,7 +24,8 @@ struct Row {
     int height = 0;
 };
 
-// Rows of items, top down. Labels that begin rows at the same place share a column, so that their controls align.
+// Rows of items, top down. Labels that begin rows at the same place share a column, so that their controls
+// align.
 class RowLayout {
   public:
     explicit RowLayout(Panel::Impl &panel) : panel_(panel) {
@@ -50,7 +51,8 @@ class RowLayout {
             const bool first = rows_.empty();
             const int gap = place.gap >= 0 ? place.gap : look::ROW_GAP;
             const int below = first ? px(MARGIN_Y) : bottom() + px(gap);
-            rows_.push_back({{}, px(place.x >= 0 ? place.x : MARGIN_X), place.y >= 0 ? px(place.y) : below, 0});
+            rows_.push_back(
+                {{}, px(place.x >= 0 ? place.x : MARGIN_X), place.y >= 0 ? px(place.y) : below, 0});
         }
         Row &row = rows_.back();
         row.items.push_back(n);
@@ -119,10 +121,14 @@ const Button *default_button_of(const Item &item) {
     return panel.default_button ? panel.default_button : panel.button_labelled("Ok");
 }
 
-Panel::Panel(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) { impl_->self = this; }
+Panel::Panel(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {
+    impl_->self = this;
+}
 Panel::~Panel() = default;
 
-Frame &Panel::frame() const { return *impl_->frame; }
+Frame &Panel::frame() const {
+    return *impl_->frame;
+}
 
 namespace {
 
@@ -155,7 +161,8 @@ NumericField &Panel::add_numeric_field(std::string_view label, Place place, Nume
     return keep(*impl_, place, std::make_unique<NumericField>(*this, label, options, std::move(callback)));
 }
 
-Slider &Panel::add_slider(std::string_view label, Place place, Slider::Options options, Slider::Callback callback) {
+Slider &Panel::add_slider(std::string_view label, Place place, Slider::Options options,
+                          Slider::Callback callback) {
     return keep(*impl_, place, std::make_unique<Slider>(*this, label, options, std::move(callback)));
 }
 
@@ -173,17 +180,27 @@ List &Panel::add_list(std::string_view label, Place place, List::Options options
     return keep(*impl_, place, std::make_unique<List>(*this, label, options));
 }
 
-const std::vector<std::unique_ptr<Item>> &Panel::items() const { return impl_->items; }
-Item *Panel::first_item() const { return impl_->items.empty() ? nullptr : impl_->items[0].get(); }
-void Panel::set_default_item(Button &button) { impl_->default_button = &button; }
-void Panel::set_cancel_item(Button &button) { impl_->cancel_button = &button; }
+const std::vector<std::unique_ptr<Item>> &Panel::items() const {
+    return impl_->items;
+}
+Item *Panel::first_item() const {
+    return impl_->items.empty() ? nullptr : impl_->items[0].get();
+}
+void Panel::set_default_item(Button &button) {
+    impl_->default_button = &button;
+}
+void Panel::set_cancel_item(Button &button) {
+    impl_->cancel_button = &button;
+}
 
 void Panel::set_background_event(std::function<bool(Panel &, const Event &)> callback) {
     impl_->background = std::move(callback);
     impl_->keystrokes = true;
 }
 
-void Panel::accept_keystrokes(bool accept) { impl_->keystrokes = accept; }
+void Panel::accept_keystrokes(bool accept) {
+    impl_->keystrokes = accept;
+}
 
 void Panel::fit() {
     impl_->lay_out();
@@ -200,6 +217,8 @@ void Panel::set_size(Size size) {
     impl_->frame->impl().lay_out();
 }
 
-Point Panel::position() const { return unscaled(Point{impl_->group->x(), impl_->group->y()}); }
+Point Panel::position() const {
+    return unscaled(Point{impl_->group->x(), impl_->group->y()});
+}
 
 }  // namespace brindle::tk

@@ -30,13 +30,15 @@ struct Later {
 struct Session {
     std::vector<std::unique_ptr<PopupWindow, Later>> levels;
     Frame *owner = nullptr;
-    Point opened;        // where the pointer was
-    bool live = false;   // the pointer has moved or a button was pressed since: a release chooses
+    Point opened;       // where the pointer was
+    bool live = false;  // the pointer has moved or a button was pressed since: a release chooses
 };
 
 Session session;
 
-Point pointer() { return {Fl::event_x_root(), Fl::event_y_root()}; }
+Point pointer() {
+    return {Fl::event_x_root(), Fl::event_y_root()};
+}
 
 Point kept_on_screen(Point at, Size size) {
     const Box area = work_area(at);
@@ -90,8 +92,13 @@ std::size_t level_at(Point at) {
     return session.levels.size();
 }
 
+void notice_move(Point at) {
+    if (std::abs(at.x - session.opened.x) > STILL || std::abs(at.y - session.opened.y) > STILL)
+        session.live = true;
+}
+
 void follow_pointer(Point at) {
-    if (std::abs(at.x - session.opened.x) > STILL || std::abs(at.y - session.opened.y) > STILL) session.live = true;
+    notice_move(at);
     if (!session.live) return;
     const std::size_t level = level_at(at);
     if (level == session.levels.size()) return session.levels.back()->mark(-1);
@@ -105,6 +112,7 @@ void follow_pointer(Point at) {
 }
 
 void release(Point at) {
+    notice_move(at);  // FLTK may tell of the way to here only afterwards
     if (!session.live) return;
     const std::size_t level = level_at(at);
     if (level == session.levels.size()) return close_popups();
@@ -143,11 +151,16 @@ void key() {
     PopupWindow &last = *session.levels.back();
     const Event event = decode_key();
     switch (event.code) {
-        case EVENT_UP: return last.mark(last.next_entry(last.marked(), -1));
-        case EVENT_DOWN: return last.mark(last.next_entry(last.marked(), 1));
-        case EVENT_HOME: return last.mark(last.next_entry(-1, 1));
-        case EVENT_END: return last.mark(last.next_entry(-1, -1));
-        case EVENT_RIGHT: return pull_right();
+        case EVENT_UP:
+            return last.mark(last.next_entry(last.marked(), -1));
+        case EVENT_DOWN:
+            return last.mark(last.next_entry(last.marked(), 1));
+        case EVENT_HOME:
+            return last.mark(last.next_entry(-1, 1));
+        case EVENT_END:
+            return last.mark(last.next_entry(-1, -1));
+        case EVENT_RIGHT:
+            return pull_right();
         case EVENT_LEFT:
             if (session.levels.size() > 1) session.levels.pop_back();
             return;
@@ -159,7 +172,8 @@ void key() {
             return;
         }
         case CODE_ESCAPE:
-        case CODE_CTRL_C: return close_popups();
+        case CODE_CTRL_C:
+            return close_popups();
         default:
             if (event.code > ' ' && event.code < 127) mark_letter(event.code);
     }
@@ -197,7 +211,9 @@ void open_popup(Menu &menu, Frame *owner, Point at, PopupOptions options) {
     Fl::pushed(nullptr);
 }
 
-bool popup_shown() { return !session.levels.empty(); }
+bool popup_shown() {
+    return !session.levels.empty();
+}
 
 void close_popups() {
     if (session.levels.empty()) return;
@@ -231,7 +247,8 @@ std::vector<PopupInfo> shown_popups() {
     if (!popup_shown()) return shown;  // the owner of the last one may be gone
     int owner = session.owner ? session.owner->impl().id : 0;
     for (const auto &window : session.levels) {
-        PopupInfo info{window->id, owner, window->menu().title(), window->screen_box(), fl_xid(window.get()), {}};
+        PopupInfo info{window->id,           owner, window->menu().title(), window->screen_box(),
+                       fl_xid(window.get()), {}};
         for (int n = 0; n < window->entries(); ++n) {
             const auto index = static_cast<std::size_t>(n);
             info.entries.push_back({window->menu().items()[index].get(), window->entry_box(n)});

@@ -1,5 +1,6 @@
 #pragma once
-// Pop-up menu windows: one chain of menus at a time, which takes all pointer and keyboard input while it is shown.
+// Pop-up menu windows: one chain of menus at a time, which takes all pointer and keyboard input while it is
+// shown.
 #include <functional>
 #include <string>
 #include <vector>
@@ -18,7 +19,8 @@ struct PopupOptions {
     bool below = false;  // a choice's list: it opens below the point, or ends above it, and has no title
 };
 
-// Shows the menu at a place of the screen (px). The owner is the frame it belongs to. Ends what is shown already.
+// Shows the menu at a place of the screen (px). The owner is the frame it belongs to. Ends what is shown
+// already.
 void open_popup(Menu &menu, Frame *owner, Point at, PopupOptions options = {});
 void close_popups();
 // Ends what is shown if it is that menu, which is about to go.

@@ -35,7 +35,9 @@ PopupWindow::PopupWindow(Menu &menu, int min_width)
     size(std::max(width, min_width), title_height() + entries() * entry_height_ + 2 * BORDER);
 }
 
-int PopupWindow::title_height() const { return menu_.title().empty() ? 0 : line_height() + px(10); }
+int PopupWindow::title_height() const {
+    return menu_.title().empty() ? 0 : line_height() + px(10);
+}
 
 void PopupWindow::mark(int entry) {
     if (entry == marked_) return;

@@ -22,9 +22,9 @@ class PopupWindow : public Fl_Double_Window {
     int next_entry(int from, int direction) const;
     int entries() const { return static_cast<int>(menu_.items().size()); }
     Box screen_box() const { return {x(), y(), w(), h()}; }
-    Box entry_box(int entry) const;      // on the screen
-    int entry_at(Point screen) const;    // -1: none, or one that is inactive
-    MenuItem *marked_item() const;       // null: none
+    Box entry_box(int entry) const;    // on the screen
+    int entry_at(Point screen) const;  // -1: none, or one that is inactive
+    MenuItem *marked_item() const;     // null: none
 
     void draw() override;
 

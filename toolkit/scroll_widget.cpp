@@ -45,7 +45,9 @@ Box ScrollWidget::thumb() const {
     return horizontal_ ? Box{x() + offset, y(), size, h()} : Box{x(), y() + offset, w(), size};
 }
 
-int ScrollWidget::pointer() const { return horizontal_ ? Fl::event_x() : Fl::event_y(); }
+int ScrollWidget::pointer() const {
+    return horizontal_ ? Fl::event_x() : Fl::event_y();
+}
 
 void ScrollWidget::draw() {
     fl_color(TROUGH);
@@ -90,6 +92,7 @@ int ScrollWidget::handle(int event) {
         case FL_DRAG:
             return drag();
         case FL_RELEASE:
+            drag();  // FLTK may tell of the way to here only afterwards
             grip_ = -1;
             redraw();
             return 1;

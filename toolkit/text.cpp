@@ -15,7 +15,9 @@ constexpr char32_t REPLACEMENT = 0xFFFD;
 // A byte b that is no character is shown as the private character ESCAPED + b.
 constexpr char32_t ESCAPED = 0x10FF00;
 
-bool is_escape(char32_t c) { return c >= ESCAPED + 0x80 && c <= ESCAPED + 0xFF; }
+bool is_escape(char32_t c) {
+    return c >= ESCAPED + 0x80 && c <= ESCAPED + 0xFF;
+}
 
 void put_utf8(std::string &out, char32_t c) {
     const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
@@ -96,7 +98,9 @@ const ByteTable &byte_table() {
     return table;
 }
 
-bool locale_is_utf8() { return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0; }
+bool locale_is_utf8() {
+    return std::strcmp(nl_langinfo(CODESET), "UTF-8") == 0;
+}
 
 Decoded decode_locale(std::string_view text, bool utf8) {
     if (utf8) return decode_utf8(text);
@@ -115,7 +119,9 @@ void put_locale(std::string &out, char32_t code, std::string_view bytes, bool ut
     out += found == known.end() ? '?' : found->second;
 }
 
-bool is_control(char c) { return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F; }
+bool is_control(char c) {
+    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
+}
 
 // One line of a message, cleaned; only_controls tells whether it held control characters and nothing else.
 std::string clean_line(std::string_view line, bool &only_controls) {

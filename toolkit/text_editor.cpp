@@ -11,7 +11,9 @@ namespace brindle::tk {
 
 namespace {
 
-TextEditor &our(Fl_Text_Editor *editor) { return *static_cast<TextEditor *>(editor); }
+TextEditor &our(Fl_Text_Editor *editor) {
+    return *static_cast<TextEditor *>(editor);
+}
 
 // Deletes from the insertion point to another place.
 int delete_to(Fl_Text_Editor *editor, int position) {
@@ -21,15 +23,33 @@ int delete_to(Fl_Text_Editor *editor, int position) {
     return 1;
 }
 
-int key_undo(int, Fl_Text_Editor *e) { return our(e).undo(), 1; }
-int key_redo(int, Fl_Text_Editor *e) { return our(e).redo(), 1; }
-int key_again(int, Fl_Text_Editor *e) { return our(e).again(), 1; }
-int key_line_start(int, Fl_Text_Editor *e) { return delete_to(e, e->buffer()->line_start(e->insert_position())); }
-int key_line_end(int, Fl_Text_Editor *e) { return delete_to(e, e->buffer()->line_end(e->insert_position())); }
-int key_down(int, Fl_Text_Editor *e) { return Fl_Text_Editor::kf_move(FL_Down, e); }
-int key_up(int, Fl_Text_Editor *e) { return Fl_Text_Editor::kf_move(FL_Up, e); }
-int key_delete(int, Fl_Text_Editor *e) { return Fl_Text_Editor::kf_delete(FL_Delete, e); }
-int key_backspace(int, Fl_Text_Editor *e) { return Fl_Text_Editor::kf_backspace(FL_BackSpace, e); }
+int key_undo(int, Fl_Text_Editor *e) {
+    return our(e).undo(), 1;
+}
+int key_redo(int, Fl_Text_Editor *e) {
+    return our(e).redo(), 1;
+}
+int key_again(int, Fl_Text_Editor *e) {
+    return our(e).again(), 1;
+}
+int key_line_start(int, Fl_Text_Editor *e) {
+    return delete_to(e, e->buffer()->line_start(e->insert_position()));
+}
+int key_line_end(int, Fl_Text_Editor *e) {
+    return delete_to(e, e->buffer()->line_end(e->insert_position()));
+}
+int key_down(int, Fl_Text_Editor *e) {
+    return Fl_Text_Editor::kf_move(FL_Down, e);
+}
+int key_up(int, Fl_Text_Editor *e) {
+    return Fl_Text_Editor::kf_move(FL_Up, e);
+}
+int key_delete(int, Fl_Text_Editor *e) {
+    return Fl_Text_Editor::kf_delete(FL_Delete, e);
+}
+int key_backspace(int, Fl_Text_Editor *e) {
+    return Fl_Text_Editor::kf_backspace(FL_BackSpace, e);
+}
 
 int word_start_before(Fl_Text_Editor *editor) {
     const int here = editor->insert_position();
@@ -47,8 +67,12 @@ int word_end_behind(Fl_Text_Editor *editor) {
     return end;
 }
 
-int key_word_before(int, Fl_Text_Editor *e) { return delete_to(e, word_start_before(e)); }
-int key_word_behind(int, Fl_Text_Editor *e) { return delete_to(e, word_end_behind(e)); }
+int key_word_before(int, Fl_Text_Editor *e) {
+    return delete_to(e, word_start_before(e));
+}
+int key_word_behind(int, Fl_Text_Editor *e) {
+    return delete_to(e, word_end_behind(e));
+}
 
 int key_next_word(int, Fl_Text_Editor *e) {
     e->next_word();
@@ -66,17 +90,20 @@ constexpr int SHIFT_CTRL = FL_SHIFT | FL_CTRL;
 
 // Meta is what a keyboard calls Alt or Meta: these are bound to both.
 const Binding META_KEYS[] = {
-    {'x', 0, Fl_Text_Editor::kf_cut}, {'c', 0, Fl_Text_Editor::kf_copy}, {'v', 0, Fl_Text_Editor::kf_paste},
-    {'a', 0, key_again},              {'u', 0, key_undo},
+    {'x', 0, Fl_Text_Editor::kf_cut},
+    {'c', 0, Fl_Text_Editor::kf_copy},
+    {'v', 0, Fl_Text_Editor::kf_paste},
+    {'a', 0, key_again},
+    {'u', 0, key_undo},
 };
 
 const Binding KEYS[] = {
-    {'n', FL_CTRL, key_down},           {'p', FL_CTRL, key_up},
-    {'/', FL_CTRL, key_next_word},      {FL_BackSpace, 0, key_backspace},
-    {FL_Delete, FL_SHIFT, key_delete},  {FL_BackSpace, FL_SHIFT, key_delete},
-    {'u', FL_CTRL, key_line_start},     {'u', SHIFT_CTRL, key_line_end},
-    {'w', FL_CTRL, key_word_before},    {'w', SHIFT_CTRL, key_word_behind},
-    {'z', FL_CTRL, key_undo},           {'z', SHIFT_CTRL, key_redo},
+    {'n', FL_CTRL, key_down},          {'p', FL_CTRL, key_up},
+    {'/', FL_CTRL, key_next_word},     {FL_BackSpace, 0, key_backspace},
+    {FL_Delete, FL_SHIFT, key_delete}, {FL_BackSpace, FL_SHIFT, key_delete},
+    {'u', FL_CTRL, key_line_start},    {'u', SHIFT_CTRL, key_line_end},
+    {'w', FL_CTRL, key_word_before},   {'w', SHIFT_CTRL, key_word_behind},
+    {'z', FL_CTRL, key_undo},          {'z', SHIFT_CTRL, key_redo},
     {'y', FL_CTRL, key_redo},
 };
 
@@ -112,7 +139,9 @@ TextEditor::TextEditor() : Fl_Text_Editor(0, 0, 1, 1) {
     bind_keys();
 }
 
-TextEditor::~TextEditor() { buffer(nullptr); }
+TextEditor::~TextEditor() {
+    buffer(nullptr);
+}
 
 void TextEditor::bind_keys() {
     for (const Binding &binding : META_KEYS) {

@@ -45,9 +45,13 @@ void TextWindow::Impl::attach(TextWindow &window, Fl_Group &top) {
     frame->impl().lay_out();
 }
 
-void TextWindow::Impl::move_to(Box box) { editor.resize(box.x, box.y, std::max(1, box.w), std::max(1, box.h)); }
+void TextWindow::Impl::move_to(Box box) {
+    editor.resize(box.x, box.y, std::max(1, box.w), std::max(1, box.h));
+}
 
-Size TextWindow::Impl::preferred() const { return {px(PREFERRED.w), px(PREFERRED.h)}; }
+Size TextWindow::Impl::preferred() const {
+    return {px(PREFERRED.w), px(PREFERRED.h)};
+}
 
 Box TextWindow::Impl::screen_box() const {
     const Point at = frame->impl().origin();
@@ -57,7 +61,9 @@ Box TextWindow::Impl::screen_box() const {
 TextWindow::TextWindow(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
 TextWindow::~TextWindow() = default;
 
-Frame &TextWindow::frame() const { return *impl_->frame; }
+Frame &TextWindow::frame() const {
+    return *impl_->frame;
+}
 
 void TextWindow::append(std::string_view text) {
     std::string whole = std::exchange(impl_->unfinished, {});
@@ -90,8 +96,12 @@ void TextWindow::set_text(std::string_view text) {
     impl_->modified = false;
 }
 
-bool TextWindow::editable() const { return impl_->editor.editable; }
-void TextWindow::set_editable(bool editable) { impl_->editor.editable = editable; }
+bool TextWindow::editable() const {
+    return impl_->editor.editable;
+}
+void TextWindow::set_editable(bool editable) {
+    impl_->editor.editable = editable;
+}
 
 void TextWindow::set_wrap(bool wrap) {
     impl_->editor.wrap_mode(wrap ? Fl_Text_Display::WRAP_AT_BOUNDS : Fl_Text_Display::WRAP_NONE, 0);
@@ -103,8 +113,12 @@ void TextWindow::set_font(const Font &font) {
     impl_->editor.redraw();
 }
 
-Colour TextWindow::foreground() const { return text_foreground(); }
-Colour TextWindow::background() const { return text_background(); }
+Colour TextWindow::foreground() const {
+    return text_foreground();
+}
+Colour TextWindow::background() const {
+    return text_background();
+}
 
 void TextWindow::goto_line(int line) {
     Fl_Text_Buffer &buffer = impl_->editor.text_buffer();
@@ -115,14 +129,22 @@ int TextWindow::line() const {
     return impl_->editor.text_buffer().count_lines(0, impl_->editor.insert_position()) + 1;
 }
 
-void TextWindow::undo() { impl_->editor.undo(); }
-void TextWindow::redo() { impl_->editor.redo(); }
-bool TextWindow::modified() const { return impl_->modified; }
+void TextWindow::undo() {
+    impl_->editor.undo();
+}
+void TextWindow::redo() {
+    impl_->editor.redo();
+}
+bool TextWindow::modified() const {
+    return impl_->modified;
+}
 
 void TextWindow::set_on_change(std::function<void(TextWindow &)> callback) {
     impl_->on_change = std::move(callback);
 }
 
-void TextWindow::take_focus() { Fl::focus(&impl_->editor); }
+void TextWindow::take_focus() {
+    Fl::focus(&impl_->editor);
+}
 
 }  // namespace brindle::tk

@@ -1,11 +1,11 @@
-// The screen map, for tests and scripts. With BRINDLE_UI_MAP=FILE the file is rewritten whole whenever what is on the
-// screen has changed and nothing else is to be done. Tab-separated lines, screen pixels:
+// The screen map, for tests and scripts. With BRINDLE_UI_MAP=FILE the file is rewritten whole whenever what
+// is on the screen has changed and nothing else is to be done. Tab-separated lines, screen pixels:
 //   serial  N                                                        rises by 1 at each rewrite
-//   frame   id  owner's id  title  footer  busy|idle  x  y  w  h      shown frames, notices and menus, topmost last
-//   text    frame's id  text                                         lines of notices and text windows in view
-//   item    frame's id  kind  label  value  active|inactive  x  y  w  h
-//   row     frame's id  list's label  text  selected|-  x  y  w  h   rows in view
-//   node    frame's id  what the canvas's user says of it  x  y  w  h
+//   frame   id  owner's id  title  footer  busy|idle  x  y  w  h      shown frames, notices and menus,
+//   topmost last text    frame's id  text                                         lines of notices and text
+//   windows in view item    frame's id  kind  label  value  active|inactive  x  y  w  h row     frame's id
+//   list's label  text  selected|-  x  y  w  h   rows in view node    frame's id  what the canvas's user says
+//   of it  x  y  w  h
 // Newlines and tabs inside a text are written \n and \t. Without the variable nothing of this runs.
 #include "toolkit/ui_map.hpp"
 
@@ -74,7 +74,9 @@ class MapWriter {
     std::string out_;
 };
 
-Box moved(Box box, Point by) { return {box.x + by.x, box.y + by.y, box.w, box.h}; }
+Box moved(Box box, Point by) {
+    return {box.x + by.x, box.y + by.y, box.w, box.h};
+}
 
 void write_rows(MapWriter &map, const Frame::Impl &frame, const ListView &list) {
     const Point origin = frame.origin();
@@ -165,7 +167,8 @@ std::map<Window, int> stacking_order() {
     Window *children = nullptr;
     unsigned count = 0;
     std::map<Window, int> order;
-    if (!XQueryTree(x_display(), DefaultRootWindow(x_display()), &root, &parent, &children, &count)) return order;
+    if (!XQueryTree(x_display(), DefaultRootWindow(x_display()), &root, &parent, &children, &count))
+        return order;
     for (unsigned n = 0; n < count; ++n) order[children[n]] = static_cast<int>(n);
     if (children) XFree(children);
     return order;

@@ -16,8 +16,8 @@ std::vector<unsigned long> property(Window window, const char *name, Atom type) 
     unsigned long count = 0;
     unsigned long left = 0;
     unsigned char *data = nullptr;
-    const int status = XGetWindowProperty(x_display(), window, atom(name), 0, 64, False, type, &actual, &format,
-                                          &count, &left, &data);
+    const int status = XGetWindowProperty(x_display(), window, atom(name), 0, 64, False, type, &actual,
+                                          &format, &count, &left, &data);
     std::vector<unsigned long> values;
     if (status == Success && data && format == 32) {
         const auto *items = reinterpret_cast<const unsigned long *>(data);
@@ -29,7 +29,9 @@ std::vector<unsigned long> property(Window window, const char *name, Atom type) 
 
 }  // namespace
 
-Atom atom(const char *name) { return XInternAtom(x_display(), name, False); }
+Atom atom(const char *name) {
+    return XInternAtom(x_display(), name, False);
+}
 
 bool window_manager_runs() {
     const auto check = property(DefaultRootWindow(x_display()), "_NET_SUPPORTING_WM_CHECK", XA_WINDOW);
@@ -65,6 +67,28 @@ Box work_area(Point at) {
     Box area;
     Fl::screen_work_area(area.x, area.y, area.w, area.h, at.x, at.y);
     return area;
+}
+
+void ask_for_keyboard(Window window) {
+    constexpr long user_asks =
+        2;  // not subject to what keeps programs from fetching the keyboard by themselves
+    XEvent message{};
+    message.xclient.type = ClientMessage;
+    message.xclient.window = window;
+    message.xclient.message_type = atom("_NET_ACTIVE_WINDOW");
+    message.xclient.format = 32;
+    message.xclient.data.l[0] = user_asks;
+    message.xclient.data.l[1] = static_cast<long>(fl_event_time);
+    XSendEvent(x_display(), DefaultRootWindow(x_display()), False,
+               SubstructureRedirectMask | SubstructureNotifyMask, &message);
+}
+
+bool another_program_has_keyboard() {
+    Window window = None;
+    int revert = 0;
+    XGetInputFocus(x_display(), &window, &revert);
+    if (window == None || window == PointerRoot || fl_find(window)) return false;
+    return !property(window, "WM_STATE", atom("WM_STATE")).empty();
 }
 
 void focus_window(Window window) {

@@ -36,6 +36,12 @@ Point place_on_screen(Window window);
 // The usable area of the screen that holds the point, px.
 Box work_area(Point at);
 
+// Asks the window manager to give the keyboard to a window.
+void ask_for_keyboard(Window window);
+
+// Whether a window of another program has the keyboard now.
+bool another_program_has_keyboard();
+
 // Gives the keyboard to a viewable top-level window. Without a window manager nobody else does.
 void focus_window(Window window);
 

@@ -1,5 +1,5 @@
-// A program that uses every part of the toolkit, for its tests and for looking at. What happens is told in the output
-// window, a line each.
+// A program that uses every part of the toolkit, for its tests and for looking at. What happens is told in
+// the output window, a line each.
 #include <fmt/format.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -34,7 +34,9 @@ struct Demo {
     void say(const std::string &line) { output->append(line + "\n"); }
 };
 
-tk::Box cell(int row, int column) { return {40 + column * 150, 40 + row * 90, 60, 24}; }
+tk::Box cell(int row, int column) {
+    return {40 + column * 150, 40 + row * 90, 60, 24};
+}
 constexpr int CELLS = 8;
 
 void repaint(Demo &demo, tk::Painter &painter) {
@@ -78,7 +80,8 @@ void canvas_event(Demo &demo, const tk::Event &event) {
         case tk::EVENT_SELECT:
             demo.marked = hit ? place : tk::Point{-1, -1};
             demo.canvas->redraw();
-            demo.say(fmt::format("select {}{}{}", hit, event.control ? " control" : "", event.shift ? " shift" : ""));
+            demo.say(fmt::format("select {}{}{}", hit, event.control ? " control" : "",
+                                 event.shift ? " shift" : ""));
             break;
         case tk::EVENT_ADJUST:
             demo.say("adjust");
@@ -130,14 +133,17 @@ void make_tree(Demo &demo) {
     demo.canvas = &demo.tree->add_canvas();
     demo.canvas->set_preferred_size({500, 320});
     demo.canvas->set_repaint([&demo](tk::Canvas &, tk::Painter &painter) { repaint(demo, painter); });
-    demo.canvas->set_event_callback([&demo](tk::Canvas &, const tk::Event &event) { canvas_event(demo, event); });
+    demo.canvas->set_event_callback(
+        [&demo](tk::Canvas &, const tk::Event &event) { canvas_event(demo, event); });
     demo.canvas->set_map_lines([&demo] { return map_lines(demo); });
     demo.tree->set_footer("A footer\x1b\n\t\t\tin one line");
     demo.tree->fit();
     demo.tree->show();
 }
 
-std::string complete(const std::string &text) { return text.starts_with("de") ? "demo.txt" : text; }
+std::string complete(const std::string &text) {
+    return text.starts_with("de") ? "demo.txt" : text;
+}
 
 tk::CommandFrame &make_requestor(Demo &demo) {
     tk::CommandFrame &frame = demo.main.add_command_frame("Requestor");
@@ -146,12 +152,14 @@ tk::CommandFrame &make_requestor(Demo &demo) {
         demo.say("file " + field.value());
         frame.hide();
     };
-    tk::TextField &field = panel.add_text_field("File name:", tk::first_at(), {.shown = 30, .stored = 12}, answer);
+    tk::TextField &field =
+        panel.add_text_field("File name:", tk::first_at(), {.shown = 30, .stored = 12}, answer);
     field.set_completer(complete);
     panel.add_choice("Write in:", tk::new_row(), {"ATIS-format", "DOP-format", "Info-format"},
                      [&demo](tk::Choice &, int value) { demo.say(fmt::format("format {}", value)); });
-    panel.add_numeric_field("Seed:", tk::new_row(), {.min = 0, .max = 99, .value = 1, .shown = 4},
-                            [&demo](tk::NumericField &, int value) { demo.say(fmt::format("seed {}", value)); });
+    panel.add_numeric_field(
+        "Seed:", tk::new_row(), {.min = 0, .max = 99, .value = 1, .shown = 4},
+        [&demo](tk::NumericField &, int value) { demo.say(fmt::format("seed {}", value)); });
     panel.add_check_box("Complete labels only", tk::new_row(), true,
                         [&demo](tk::CheckBox &, bool value) { demo.say(fmt::format("complete {}", value)); });
     panel.add_button("Ok", tk::new_row(), [&field](tk::Button &) { field.notify(); });
@@ -237,9 +245,8 @@ void start_child(Demo &demo) {
         close(fd);
         demo.say("end of input");
     });
-    tk::set_child_handler(child, [&demo](pid_t, int status) {
-        demo.say(fmt::format("child ended {}", WEXITSTATUS(status)));
-    });
+    tk::set_child_handler(
+        child, [&demo](pid_t, int status) { demo.say(fmt::format("child ended {}", WEXITSTATUS(status))); });
 }
 
 void ask(Demo &demo) {
@@ -253,8 +260,13 @@ void ask(Demo &demo) {
     demo.say(fmt::format("answer {}", answer));
     if (answer != 5) return;
     tk::add_timer(0, [&demo] { demo.say("timer in notice"); });
-    const int again = tk::notice_prompt({.place = place_on(demo.main), .message = {"Sure?"}, .buttons = {},
-                                         .default_value = {}, .escape_value = {}, .triggers = {}, .silent = true});
+    const int again = tk::notice_prompt({.place = place_on(demo.main),
+                                         .message = {"Sure?"},
+                                         .buttons = {},
+                                         .default_value = {},
+                                         .escape_value = {},
+                                         .triggers = {},
+                                         .silent = true});
     demo.say(fmt::format("again {}", again));
 }
 
