@@ -43,15 +43,6 @@ void handle_blocked(int event) {
     if (event == FL_PUSH) notice->show();
 }
 
-// FLTK chooses a widget of its own when a window gets the keyboard: it is to be the one that had it last.
-int change_focus(int event, Fl_Window *window, Frame::Impl &frame) {
-    frame.has_keyboard = event == FL_FOCUS;
-    Fl_Widget *target = frame.focus_widget();
-    const int done = Fl::handle_(event, window);
-    if (frame.has_keyboard && target) Fl::focus(target);
-    return done;
-}
-
 int handle_in_frame(int event, Fl_Window *window, Frame::Impl &frame) {
     if (event == FL_KEYBOARD) {
         frame.handle_key();
@@ -59,7 +50,7 @@ int handle_in_frame(int event, Fl_Window *window, Frame::Impl &frame) {
     }
     if (event == FL_KEYUP || event == FL_SHORTCUT) return 1;
     if (event == FL_PUSH) frame.commit_elsewhere();
-    if (event == FL_FOCUS || event == FL_UNFOCUS) return change_focus(event, window, frame);
+    if (event == FL_FOCUS || event == FL_UNFOCUS) frame.has_keyboard = event == FL_FOCUS;
     return Fl::handle_(event, window);
 }
 

@@ -220,6 +220,7 @@ void close_popups() {
     XUngrabPointer(x_display(), CurrentTime);
     XUngrabKeyboard(x_display(), CurrentTime);
     while (!session.levels.empty()) session.levels.pop_back();
+    session.owner = nullptr;
 }
 
 void close_popups_of(const Menu &menu) {
@@ -244,7 +245,6 @@ void popup_event(int event) {
 
 std::vector<PopupInfo> shown_popups() {
     std::vector<PopupInfo> shown;
-    if (!popup_shown()) return shown;  // the owner of the last one may be gone
     int owner = session.owner ? session.owner->impl().id : 0;
     for (const auto &window : session.levels) {
         PopupInfo info{window->id,           owner, window->menu().title(), window->screen_box(),
