@@ -150,8 +150,8 @@ void propose_large(int nodes, bool deep) {
 }
 
 TEST(Proposal, of_deep_and_wide_trees_needs_no_stack) {
-    propose_large(200000, true);
-    propose_large(200000, false);
+    propose_large(100000, true);
+    propose_large(100000, false);
 }
 
 }  // namespace

@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
+#include "editor/replacement.hpp"
+#include "editor/subtree_text.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
+#include "propose/batch.hpp"
 #include "stats/changes.hpp"
 #include "stats/links.hpp"
 
@@ -42,6 +45,7 @@ std::string random_corpus(unsigned seed, int nr_of_trees, int vocabulary) {
 
 RandomEdits::RandomEdits(unsigned seed, int vocabulary) : random_(seed), vocabulary_(vocabulary) {
     add_label_changes();
+    add_tree_changes();
     add_questions();
 }
 
@@ -80,6 +84,15 @@ void RandomEdits::add_label_changes() {
     add({"check", 4,
          [](int tree, Node *) { set_checked(tree, !forest[static_cast<std::size_t>(tree)].checked); }});
     add({"save", 1, [](int, Node *) { reset_edits(); }});
+}
+
+// What lies above the label statistics and must leave them sound.
+void RandomEdits::add_tree_changes() {
+    add({"replace", 2, [this](int tree, Node *node) {
+             const std::string text = write_tree_to_editor(random_node(below(amount)));
+             if (text.size() < 500) replace_subtree(tree, node, text + "\n");
+         }});
+    add({"propose", 1, [](int tree, Node *) { propose_tree(tree); }});
 }
 
 // Questions change nothing but the indexes that later changes must keep.

@@ -21,8 +21,8 @@ class RandomEdits {
     // Tags and categories are drawn from `vocabulary` made-up ones of each sort and from those in the trees.
     RandomEdits(unsigned seed, int vocabulary);
 
-    // Adds a kind of work to those of the label statistics: label changes, undo, checks, clears, copies,
-    // saves.
+    // Adds a kind of work to those that there are: label changes, undo, checks, clears, copies, saves,
+    // replacements of subtrees, proposals.
     void add(Kind kind);
 
     // Does one thing; what it was stands in `log`.
@@ -36,6 +36,7 @@ class RandomEdits {
 
   private:
     void add_label_changes();
+    void add_tree_changes();
     void add_questions();
 
     std::mt19937 random_;
