@@ -4,6 +4,7 @@
 #include <array>
 #include <cerrno>
 #include <deque>
+#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
@@ -40,7 +41,7 @@ struct TaggedProduction {
     std::size_t hash() const { return mix_hash(mix_hash(0, production), tag); }
 };
 
-// A tag at a word with its category.
+// A tag that a word has in a category.
 struct TaggedWord {
     const Label *word;
     const Label *syn;
@@ -50,8 +51,8 @@ struct TaggedWord {
 };
 
 struct WordCode {
-    int index;
-    bool used;  // its line stands in ".encoding"
+    std::int32_t index;  // among the tags of the word in this category
+    bool used;           // its line stands in ".encoding"
 };
 
 void append_production(std::string &line, const Production &production) {
@@ -83,19 +84,18 @@ struct EncodingRun::Tables {
     std::string key;                                                   // room for the one in hand
 
     tsl::robin_map<TaggedWord, WordCode, HashOf> tagged_words;
-    tsl::robin_set<std::string> word_keys;  // two words may come to the same key: it is listed once
+    tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
-    void write_line(std::string_view code, const Label *tag) {
-        encoding.write(code);
-        encoding.write("\t");
-        encoding.write(tag->view());
-        encoding.write("\n");
-    }
+    TextBuffer lines{encoding};
+
     Production &production_of(const Node *node);
     void number_tags_of(const LexEntry *word);
+    WordCode &word_code_of(const Node *node);
+    bool is_listed(const Node *node, std::string_view code);
 };
 
 std::string letters(int index) {
+    if (index < 26) return std::string(1, static_cast<char>('a' + index));
     std::string text;
     for (int rest = index + 1; rest > 0; rest = (rest - 1) / 26)
         text.insert(text.begin(), static_cast<char>('a' + (rest - 1) % 26));
@@ -114,7 +114,7 @@ std::string EncodingRun::codeer_old(const Label *tag) {
     std::string &code = tables_->tag_codes[tag];
     if (code.empty()) {
         code = letters(static_cast<int>(tables_->tag_codes.size()) - 1) + 'y';
-        tables_->write_line(code, tag);
+        tables_->lines << code << '\t' << tag->view() << '\n';
     }
     return code;
 }
@@ -138,36 +138,59 @@ std::string EncodingRun::codeer(const Node *node, int tree) {
     const std::string code = letters(tagged->second);
     if (is_new) {
         ++production.nr_of_tags;
-        tables_->write_line(fmt::format("{}_{}", production.key, code), node->sem);
+        tables_->lines << production.key << '_' << code << '\t' << node->sem->view() << '\n';
     }
     return code;
 }
 
 // The tags of a word are numbered all at once, for each category in the order of the word's list.
 void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
-    tsl::robin_map<const LabelEntry *, int> nr_of_tags;
-    for (const LexLink *link = word->links.first(); link; link = link->next) {
-        if (!link->sem->name) continue;
-        const int index = nr_of_tags[link->syn]++;
-        tagged_words.try_emplace({word->name, link->syn->name, link->sem->name}, WordCode{index, false});
+    std::vector<std::pair<const LabelEntry *, int>> few;  // how many tags of a category there have been
+    tsl::robin_map<const LabelEntry *, int> many;
+    const auto next_number = [&](const LabelEntry *syn) {
+        constexpr std::size_t most_for_a_walk = 16;
+        if (!many.empty()) return many[syn]++;
+        for (auto &[category, number] : few)
+            if (category == syn) return number++;
+        few.emplace_back(syn, 1);
+        if (few.size() > most_for_a_walk) many.insert(few.begin(), few.end());
+        return 0;
+    };
+    for (const LexLink *link = word->links.first(); link; link = link->next)
+        if (link->sem->name)
+            tagged_words.try_emplace({word->name, link->syn->name, link->sem->name},
+                                     WordCode{next_number(link->syn), false});
+}
+
+WordCode &EncodingRun::Tables::word_code_of(const Node *node) {
+    const TaggedWord tagged{node->lex, node->syn, node->sem};
+    const std::size_t hash_of_it = tagged.hash();
+    auto found = tagged_words.find(tagged, hash_of_it);
+    if (found == tagged_words.end()) {
+        number_tags_of(word_entry(node));
+        found = tagged_words.find(tagged, hash_of_it);
+        if (found == tagged_words.end()) fault_in_hashtable();
     }
+    return found.value();
+}
+
+// Whether another word has come to the key already. Only labels with a '_' can make two words meet.
+bool EncodingRun::Tables::is_listed(const Node *node, std::string_view code) {
+    const auto has_line = [](const Label *label) {
+        return label->view().find('_') != std::string_view::npos;
+    };
+    if (!has_line(node->syn) && !has_line(node->lex)) return false;
+    return !word_keys.insert(fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code)).second;
 }
 
 std::string EncodingRun::codeerlex(const Node *node) {
-    auto &words = tables_->tagged_words;
-    const TaggedWord tagged{node->lex, node->syn, node->sem};
-    auto found = words.find(tagged);
-    if (found == words.end()) {
-        tables_->number_tags_of(word_entry(node));
-        found = words.find(tagged);
-        if (found == words.end()) fault_in_hashtable();
-    }
-    WordCode &word_code = found.value();
+    WordCode &word_code = tables_->word_code_of(node);
     std::string code = letters(word_code.index);
     if (!word_code.used) {
         word_code.used = true;
-        const std::string key = fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code);
-        if (tables_->word_keys.insert(key).second) tables_->write_line(key, node->sem);
+        if (!tables_->is_listed(node, code))
+            tables_->lines << node->syn->view() << '_' << node->lex->view() << '_' << code << '\t'
+                           << node->sem->view() << '\n';
     }
     return code;
 }
@@ -191,7 +214,8 @@ void EncodingRun::write_grammar() {
 }
 
 bool EncodingRun::complete() {
-    return tables_->encoding.complete() && (!tables_->grammar || tables_->grammar->complete());
+    return tables_->lines.flush() && tables_->encoding.complete() &&
+           (!tables_->grammar || tables_->grammar->complete());
 }
 
 bool EncodingRun::commit() {

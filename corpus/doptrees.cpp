@@ -11,20 +11,23 @@ bool is_digit(char c) {
 }
 
 // A word with a digit at either end is a number.
-std::string_view shown_word(const Label *word) {
-    const std::string_view text = word->view();
-    return !text.empty() && (is_digit(text.front()) || is_digit(text.back())) ? "number" : text;
+bool is_number(const Label *word) {
+    return word->size > 0 && (is_digit(*word->text()) || is_digit(word->text()[word->size - 1]));
+}
+
+char *copy(char *to, std::string_view text) {
+    std::memcpy(to, text.data(), text.size());
+    return to + text.size();
 }
 
 class DopWriter {
   public:
     DopWriter(TextBuffer &out, DopMode mode, int tree, EncodingRun &codes)
-        : out_(out), text_(out.text), mode_(mode), tree_(tree), codes_(codes) {}
+        : out_(out), mode_(mode), tree_(tree), codes_(codes) {}
 
     void write(const Node *node) {
         const Node *const above = node->mother;
         while (true) {
-            out_.spill();
             if (node->dtrs && !node->lex) {
                 open(node);
                 node = node->dtrs;
@@ -35,10 +38,10 @@ class DopWriter {
             while (!sister) {
                 node = node->mother;
                 if (node == above) return;
-                text_ += "])";
+                out_ << "])";
                 sister = next_shown_sister(node, false);
             }
-            text_ += ',';
+            out_ << ',';
             node = sister;
         }
     }
@@ -46,26 +49,32 @@ class DopWriter {
   private:
     // A node with daughters, up to the first of them.
     void open(const Node *node) {
-        (text_ += "tree(") += node->syn->view();
+        write_category(node);
         if (node->sem && mode_ == DopMode::by_tag)
-            (text_ += 'z') += codes_.codeer_old(node->sem);
+            out_ << 'z' << codes_.codeer_old(node->sem);
         else if (node->sem)
-            (text_ += 'x') += codes_.codeer(node, tree_);
-        text_ += ",[";
+            out_ << 'x' << codes_.codeer(node, tree_);
+        out_ << ",[";
     }
 
     void write_leaf(const Node *node) {
         if (!node->lex) {
-            text_ += "tree(xxx,[tree(empty_,[])])";
+            out_ << "tree(xxx,[tree(empty_,[])])";
             return;
         }
-        (text_ += "tree(") += node->syn->view();
-        if (node->sem) (text_ += 'x') += codes_.codeerlex(node);
-        ((text_ += ",[tree(") += shown_word(node->lex)) += "_,[])])";
+        write_category(node);
+        if (node->sem) out_ << 'x' << codes_.codeerlex(node);
+        char *to = copy(out_.room(node->lex->size + label_overrun + 20), ",[tree(");
+        to = is_number(node->lex) ? copy(to, "number") : copy_label(to, node->lex);
+        out_.end_at(copy(to, "_,[])])"));
+    }
+
+    void write_category(const Node *node) {
+        char *to = copy(out_.room(node->syn->size + label_overrun + 5), "tree(");
+        out_.end_at(copy_label(to, node->syn));
     }
 
     TextBuffer &out_;
-    std::string &text_;
     DopMode mode_;
     int tree_;
     EncodingRun &codes_;
@@ -79,9 +88,9 @@ void write_dop_tree(const Node *node, TextBuffer &out, DopMode mode, int tree, E
 
 void write_dop_entry(const Node *root, TextBuffer &out, DopMode mode, int tree, EncodingRun &codes,
                      bool augmented) {
-    if (augmented) out.text += "tree(sss,[";
+    if (augmented) out << "tree(sss,[";
     write_dop_tree(root, out, mode, tree, codes);
-    out.text += augmented ? "]).\n" : ".\n";
+    out << (augmented ? "]).\n" : ".\n");
 }
 
 }  // namespace brindle

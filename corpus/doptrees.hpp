@@ -12,7 +12,7 @@ enum class DopMode {
 };
 
 // The terms of the node and of its right sisters, up to the first punctuation sister. `tree` is the tree's
-// number from 1, for the productions. The buffer may spill between two nodes.
+// number from 1, for the productions.
 void write_dop_tree(const Node *node, TextBuffer &out, DopMode mode, int tree, EncodingRun &codes);
 
 // One tree of a corpus: its term and what follows it, below the extra root "sss" if `augmented`.

@@ -24,8 +24,8 @@ bool TreeWriter::write(int t, int item) {
     const TreeEntry &tree = forest[static_cast<std::size_t>(t)];
     switch (format_) {
         case CorpusFormat::atis:
-            tree_number(t + 1, out_.text);
-            out_.text += fmt::format("item #{}\n\n", item);
+            tree_number(t + 1, out_);
+            out_ << fmt::format("item #{}\n\n", item);
             write_tree_entry(tree, out_);
             break;
         case CorpusFormat::dop:
@@ -38,7 +38,6 @@ bool TreeWriter::write(int t, int item) {
             write_documented_tree(tree.root, out_, item, evaluate_);
             break;
     }
-    out_.spill();
     return out_.ok();
 }
 

@@ -25,12 +25,11 @@ std::string formula_paragraph(const Formula &formula) {
 }  // namespace
 
 void write_documented_tree(Node *root, TextBuffer &out, int number, const EvaluateFormula &evaluate) {
-    out.text += fmt::format("\n======-{}-======\n\n", number);
-    write_the_words(root, out.text);
-    out.text += formula_paragraph(evaluate ? evaluate(root) : Formula{});
-    out.text += '(';
+    out << fmt::format("\n======-{}-======\n\n", number);
+    write_the_words(root, out);
+    out << formula_paragraph(evaluate ? evaluate(root) : Formula{}) << '(';
     write_tree(root, out, 0);
-    out.text += ")\n";
+    out << ")\n";
 }
 
 bool write_documented_corpus(TextSink &sink, TreeView *view, const EvaluateFormula &evaluate) {
@@ -41,7 +40,6 @@ bool write_documented_corpus(TextSink &sink, TreeView *view, const EvaluateFormu
         frontend->notify_dispatch();
         if (!BATCH) break;
         write_documented_tree(forest[static_cast<std::size_t>(t)].root, out, t + 1, evaluate);
-        out.spill();
     }
     BATCH = false;
     frontend->all_frames_busy(view, false);

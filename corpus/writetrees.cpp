@@ -14,110 +14,90 @@ bool is_block(const Node *node) {
     return node->dtrs && (node->dtrs->dtrs || node->dtrs->lex);
 }
 
-void indent(std::string &out, int level) {
-    out.append(static_cast<std::size_t>(level) * 4, ' ');
+char *copy_labelled(char *to, char mark, const Label *label) {
+    *to++ = mark;
+    return copy_label(to, label);
 }
 
-void write_labels(const Node *node, std::string &out) {
-    if (node->dtrs) out += '(';
-    out += node->syn->view();
-    if (node->sem) (out += '|') += node->sem->view();
-}
-
-// The node up to its daughters.
-void open_node(const Node *node, std::string &out, int level) {
-    if (is_block(node)) {
-        out += '\n';
-        if (level == 0)
-            out += ' ';
-        else
-            indent(out, level);
-    } else if (punctuation(node->syn)) {
-        out += '\n';
-        indent(out, level);
-    } else {
-        out += ' ';
+// What stands before a node: a blank, or a new line with its indentation.
+char *lead_in(char *to, const Node *node, int level) {
+    const bool block = is_block(node);
+    if (!block && !punctuation(node->syn)) {
+        *to++ = ' ';
+        return to;
     }
-    write_labels(node, out);
+    *to++ = '\n';
+    const auto blanks = block && level == 0 ? 1 : static_cast<std::size_t>(level) * 4;
+    std::memset(to, ' ', blanks);
+    return to + blanks;
 }
 
-// What follows the daughters.
-void close_node(const Node *node, std::string &out) {
-    if (node->dtrs) out += ')';
-    if (node->lex && !is_block(node)) (out += '/') += node->lex->view();
+// The node up to its daughters: all of it, if it has none.
+void open_node(const Node *node, TextBuffer &out, int level) {
+    std::size_t most = static_cast<std::size_t>(level) * 4 + 8 + node->syn->size + 3 * label_overrun;
+    if (node->sem) most += node->sem->size;
+    if (node->lex) most += node->lex->size;
+    char *to = lead_in(out.room(most), node, level);
+    if (node->dtrs) *to++ = '(';
+    to = copy_label(to, node->syn);
+    if (node->sem) to = copy_labelled(to, '|', node->sem);
+    if (node->lex) to = copy_labelled(to, '/', node->lex);
+    out.end_at(to);
 }
 
 }  // namespace
 
-void tree_number(int number, std::string &out) {
+void tree_number(int number, TextBuffer &out) {
     char digits[16];
-    const auto end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    out.append("\ntree #").append(digits, end) += '\n';
+    const char *end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+    out << "\ntree #" << std::string_view(digits, static_cast<std::size_t>(end - digits)) << '\n';
 }
 
 void write_tree(const Node *node, TextBuffer &out, int level) {
     const Node *const above = node->mother;
     while (true) {
-        out.spill();
-        open_node(node, out.text, level);
+        open_node(node, out, level);
         if (node->dtrs) {
             node = node->dtrs;
             ++level;
             continue;
         }
-        close_node(node, out.text);
         while (!node->sister) {
             node = node->mother;
             if (node == above) return;
             --level;
-            close_node(node, out.text);
+            out << ')';
         }
         node = node->sister;
     }
 }
 
-void write_tree_entry(const TreeEntry &tree, TextBuffer &out) {
-    if (tree.checked) out.text += "*\n";
-    out.text += '(';
-    write_tree(tree.root, out, 0);
-    out.text += ")\n";
-    if (tree.wordgraph) (out.text += *tree.wordgraph) += '\n';
-}
-
-namespace {
-
-// Lets `write` append to a text through a buffer that keeps everything.
-template <class Write>
-void append_to(std::string &out, Write write) {
-    TextBuffer buffer;
-    buffer.text.swap(out);
-    write(buffer);
-    buffer.text.swap(out);
-}
-
-}  // namespace
-
 void write_tree(const Node *node, std::string &out, int level) {
-    append_to(out, [&](TextBuffer &buffer) { write_tree(node, buffer, level); });
+    TextBuffer buffer;
+    write_tree(node, buffer, level);
+    out += buffer.text();
 }
 
-void write_tree_entry(const TreeEntry &tree, std::string &out) {
-    append_to(out, [&](TextBuffer &buffer) { write_tree_entry(tree, buffer); });
+void write_tree_entry(const TreeEntry &tree, TextBuffer &out) {
+    if (tree.checked) out << "*\n";
+    out << '(';
+    write_tree(tree.root, out, 0);
+    out << ")\n";
+    if (tree.wordgraph) out << *tree.wordgraph << '\n';
 }
 
-void write_the_words(const Node *root, std::string &out) {
+void write_the_words(const Node *root, TextBuffer &out) {
     for (const Node *n = root; n; n = next_in_document(n, root))
-        if (n->lex) (out += n->lex->view()) += ' ';
-    out += '\n';
+        if (n->lex) out << n->lex->view() << ' ';
+    out << '\n';
 }
 
 bool save_corpus(TextSink &sink) {
     TextBuffer out(sink);
-    out.text = "\n";
+    out << '\n';
     for (int t = 0; t < amount && out.ok(); ++t) {
-        tree_number(t + 1, out.text);
+        tree_number(t + 1, out);
         write_tree_entry(forest[static_cast<std::size_t>(t)], out);
-        out.spill();
     }
     return out.flush();
 }

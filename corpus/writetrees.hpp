@@ -8,21 +8,18 @@
 namespace brindle {
 
 // "\ntree #<number>\n".
-void tree_number(int number, std::string &out);
+void tree_number(int number, TextBuffer &out);
 
-// The node and its right sisters as bracketings, from that level of indentation on. The buffer may spill
-// between two nodes.
+// The node and its right sisters as bracketings, from that level of indentation on.
 void write_tree(const Node *node, TextBuffer &out, int level);
-
 // The same, appended to a text.
 void write_tree(const Node *node, std::string &out, int level);
 
 // One tree of a saved corpus: its mark if it is checked, its bracketing, its word graph.
 void write_tree_entry(const TreeEntry &tree, TextBuffer &out);
-void write_tree_entry(const TreeEntry &tree, std::string &out);
 
 // The words of the tree, each followed by a blank, and a newline.
-void write_the_words(const Node *root, std::string &out);
+void write_the_words(const Node *root, TextBuffer &out);
 
 // The whole corpus in the native format. False as soon as the sink fails.
 bool save_corpus(TextSink &sink);

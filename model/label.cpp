@@ -34,7 +34,7 @@ class LabelArena {
         size = (size + alignof(Label) - 1) / alignof(Label) * alignof(Label);
         if (size > left_) {
             const std::size_t block = size > block_size ? size : block_size;
-            blocks_.push_back(std::make_unique<std::byte[]>(block));
+            blocks_.push_back(std::make_unique<std::byte[]>(block + label_overrun));
             next_ = blocks_.back().get();
             left_ = block;
             total_ += block;

@@ -14,6 +14,9 @@ struct LexEntry;
 // The kinds of label kept in `table`; the numbers are part of the interface (displays use them as modes).
 enum class LabelKind : int { SEM = 2, NONTERM = 4, TERM = 5 };
 
+// So many bytes from the start of a label's text may be read whatever its size (copy_label does).
+inline constexpr std::size_t label_overrun = 16;
+
 struct Label {
     std::uint32_t bucket;  // hash(text), 0..1998
     std::uint32_t size;    // bytes of text, its terminating zero not counted

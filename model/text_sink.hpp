@@ -1,7 +1,10 @@
 #pragma once
 // Where writers put their text, piece by piece: a file, standard output, a string in a test.
+#include <cstring>
 #include <string>
 #include <string_view>
+
+#include "model/label.hpp"
 
 namespace brindle {
 
@@ -11,32 +14,55 @@ struct TextSink {
     virtual bool write(std::string_view piece) = 0;
 };
 
-// Text on its way to a sink: writers append to `text` and call `spill` now and then, so that memory holds one
-// piece of a large output, however large the single tree is. With no sink everything stays in `text`.
+// Text on its way to a sink, handed on whenever a piece is full, so that memory holds one piece of a large
+// output. With no sink the text grows in memory.
 class TextBuffer {
   public:
     TextBuffer() = default;
-    explicit TextBuffer(TextSink &sink) : sink_(&sink) {}
+    // The sink must outlive the buffer.
+    explicit TextBuffer(TextSink &sink) : storage_(piece_size, '\0'), sink_(&sink) {}
 
-    // Hands the text on once it is long enough.
-    void spill() {
-        if (sink_ && text.size() >= piece_size) flush();
+    TextBuffer &operator<<(char c) {
+        *room(1) = c;
+        ++used_;
+        return *this;
     }
-    // Hands the text on; false once the sink has failed.
-    bool flush() {
-        if (!sink_) return true;
-        if (ok_ && !text.empty()) ok_ = sink_->write(text);
-        text.clear();
-        return ok_;
+    TextBuffer &operator<<(std::string_view text) {
+        std::memcpy(room(text.size()), text.data(), text.size());
+        used_ += text.size();
+        return *this;
     }
+
+    // Where that many bytes may be written; `end_at` then says where they really ended.
+    char *room(std::size_t bytes) {
+        if (storage_.size() - used_ < bytes) make_room(bytes);
+        return storage_.data() + used_;
+    }
+    void end_at(const char *end) { used_ = static_cast<std::size_t>(end - storage_.data()); }
+
+    // What is in memory.
+    std::string_view text() const { return {storage_.data(), used_}; }
+    // Hands the text in memory on; false once the sink has failed. With no sink it stays.
+    bool flush();
     bool ok() const { return ok_; }
 
-    std::string text;
+    static constexpr std::size_t piece_size = 1 << 18;
 
   private:
-    static constexpr std::size_t piece_size = 1 << 18;
+    void make_room(std::size_t bytes);
+
+    std::string storage_;
+    std::size_t used_ = 0;
     TextSink *sink_ = nullptr;
     bool ok_ = true;
 };
+
+// Copies the label's text to `to` and returns its end there. REQUIRES room for the text and label_overrun
+// more bytes: a short text, as nearly all are, is copied without looking at its length.
+inline char *copy_label(char *to, const Label *label) {
+    std::memcpy(to, label->text(), label_overrun);
+    if (label->size > label_overrun) std::memcpy(to, label->text(), label->size);
+    return to + label->size;
+}
 
 }  // namespace brindle
