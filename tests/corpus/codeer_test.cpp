@@ -102,7 +102,7 @@ std::string terms(DopMode mode, bool augmented = false) {
         write_dop_entry(forest[static_cast<std::size_t>(t)].root, out, mode, t + 1, run, augmented);
     run.write_grammar();
     EXPECT_TRUE(run.commit());
-    return out.text;
+    return std::string(out.text());
 }
 
 TEST(dop, tags_become_codes) {

@@ -38,9 +38,9 @@ TEST(wordgraphs, lattices_of_any_length_travel_with_the_saved_tree) {
     std::string arcs;
     for (int i = 0; i < 40000; ++i) arcs += "1 2 a_word_of_some_length\n";
     ASSERT_EQ(attach_wordgraphs(lattice(1, arcs)), "");
-    std::string text;
+    TextBuffer text;
     write_tree_entry(corpus.tree(0), text);
-    EXPECT_EQ(text, "(\n (S A/a))\n\n" + lattice(1, arcs) + "\n");
+    EXPECT_EQ(text.text(), "(\n (S A/a))\n\n" + lattice(1, arcs) + "\n");
 }
 
 }  // namespace
