@@ -1,5 +1,6 @@
 // The font of a window, and whether it shows punctuation.
 #include "commands/subjects.hpp"
+#include "commands/tree_sizes.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/drawing.hpp"
 #include "gui/menus.hpp"
@@ -16,6 +17,7 @@ void styles(TreeWindow &tw, tk::MenuItem &item) {
 
 void sizes(TreeWindow &tw, tk::MenuItem &item) {
     choose_font_scale(tw, font_scale_of(item.label()));
+    show_sizes(tw);  // in case the controls are open: they work on the current font size
     find_window_font(tw);
     tree_GUI_repaint(tw);
 }

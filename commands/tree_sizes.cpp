@@ -1,4 +1,6 @@
 // "Tree Size Controls": the sizes that go with the current font size.
+#include "commands/tree_sizes.hpp"
+
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
 
@@ -15,7 +17,7 @@ void set_sliders(TreeWindow &tw, const SizeSliders &sliders) {
 
 void controls(TreeWindow &tw, tk::MenuItem &) {
     tw.size_controller->hide();
-    set_sliders(tw, size_sliders(tw));
+    show_sizes(tw);
     tw.size_controller->set_pinned(true);
     position_frame_from_menu(*tw.size_controller, *tw.prefs_menu, tw);
 }
@@ -31,6 +33,10 @@ void reset_sizes(TreeWindow &tw, tk::Button &) {
 }
 
 }  // namespace
+
+void show_sizes(TreeWindow &tw) {
+    set_sliders(tw, size_sliders(tw));
+}
 
 void install_tree_sizes(Commands &table) {
     table.controls = controls;
