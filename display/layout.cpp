@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "display/layout_levels.hpp"
 #include "model/punctuation.hpp"
 
 namespace brindle {
@@ -24,13 +25,8 @@ int get_node_y(const Node *node, const LayoutParams &params) {
 
 namespace {
 
-// What stands furthest right on a level: category and tag texts of the level's nodes, and the words of the
-// terminals one level above.
-struct Level {
-    int anchor = 0;  // centre of the node placed last; 0: none yet
-    int right = 0;   // right edge of the text placed last
-};
-
+// One layout of one tree. Nodes are placed where the walk finds room for them; what moves later is noted at
+// the mothers, and added up when the walk is over.
 class Layout {
   public:
     Layout(const LayoutParams &params, TextMeasure &measure, bool show)
@@ -41,129 +37,130 @@ class Layout {
     void measure_tree(TreeEntry &tree, int vdist) const;
 
   private:
-    struct Widths {
-        int syn, sem, half;
+    struct Open {
+        int index;
+        int reach;  // the lowest level that a text of its subtree stands on
     };
 
-    Widths widths(const Node *node);
-    Level &level(std::size_t depth);
-    void place_leaf(Node *node, std::size_t depth);
-    void place_mother(Node *node, const Node *last_dtr, std::size_t depth);
-    void place_texts(Node *node, const Widths &w, std::size_t depth);
-    void addtodaughters(Node *first, int delta, std::size_t depth);
-    void push_shown(Node *first, std::size_t depth);
-    void move_level(const Node *last, int delta, std::size_t depth);
-
-    struct Moved {
-        Node *node;
-        std::size_t depth;
-    };
+    int enter(Node *node, int mother);
+    int depth() const { return static_cast<int>(open_.size()) - 1; }
+    int leave();
+    int measure_node(int index);
+    void place_leaf();
+    void place_mother(const Node *last_dtr);
+    void move_nodes();
 
     int sisterdist_;
     int mindist_;
     TextMeasure &measure_;
     bool show_;
-    std::vector<Level> levels_;
-    std::vector<Moved> stack_;
+    std::vector<Placed> placed_;
+    LayoutLevels levels_{placed_};
+    std::vector<Open> open_;  // the nodes from the root to where the walk stands
 };
 
-Layout::Widths Layout::widths(const Node *node) {
-    const int syn = measure_.width(node->syn);
-    const int sem = node->sem ? measure_.width(node->sem) : 0;
-    return {syn, sem, std::max(syn, sem) / 2};
-}
-
-Level &Layout::level(std::size_t depth) {
-    if (depth >= levels_.size()) levels_.resize(depth + 1);
-    return levels_[depth];
-}
-
 void Layout::lay_out(Node *root) {
-    Node *node = root;
-    std::size_t depth = 0;
+    enter(root, -1);
     for (;;) {
-        for (; node->dtrs; node = node->dtrs) ++depth;
-        place_leaf(node, depth);
+        Node *node = placed_.back().node;
+        while (node->dtrs) {
+            node = node->dtrs;
+            enter(node, open_.back().index);
+        }
+        place_leaf();
         Node *next = nullptr;
         while (node != root && !(next = next_shown_sister(node, show_))) {
-            Node *mother = node->mother;
-            place_mother(mother, node, --depth);
-            node = mother;
+            leave();
+            place_mother(node);
+            node = node->mother;
         }
-        if (node == root) return;
-        node = next;
+        if (node == root) break;
+        leave();
+        enter(next, open_.back().index);
     }
+    move_nodes();
 }
 
-void Layout::place_leaf(Node *node, std::size_t depth) {
-    const Widths w = widths(node);
-    const Level here = level(depth);
-    node->x = std::max(here.anchor + sisterdist_, mindist_ + here.right + w.half);
+int Layout::enter(Node *node, int mother) {
+    const int index = static_cast<int>(placed_.size());
+    placed_.push_back({.node = node, .mother = mother, .up = mother});
+    open_.push_back({index, depth() + 1});
+    levels_.enter(depth());
+    return index;
+}
+
+// Back to the mother.
+int Layout::leave() {
+    const Open done = open_.back();
+    open_.pop_back();
+    open_.back().reach = std::max(open_.back().reach, done.reach);
+    levels_.leave();
+    return done.index;
+}
+
+// Half the width of the node's text. What each text's start needs waits in its field until the walk is over.
+int Layout::measure_node(int index) {
+    Placed &p = placed_[static_cast<std::size_t>(index)];
+    const int syn = measure_.width(p.node->syn);
+    const int sem = p.node->sem ? measure_.width(p.node->sem) : 0;
+    p.half_syn = syn / 2;
+    if (p.node->sem) p.node->sem_x = sem / 2;
+    return std::max(syn, sem) / 2;
+}
+
+void Layout::place_leaf() {
+    const int index = open_.back().index;
+    Node *node = placed_[static_cast<std::size_t>(index)].node;
+    const int half = measure_node(index);
+    const LevelEnd here = levels_.end(depth());
+    node->x = std::max(here.anchor + sisterdist_, mindist_ + here.right + half);
     if (node->lex) {
-        Level &below = level(depth + 1);
         const int half_word = measure_.width(node->lex) / 2;
-        node->lex_x = std::max(node->x - half_word, mindist_ + below.right);
-        node->x = node->lex_x + half_word;
-        below = {node->x, node->x + half_word};
+        const int least = mindist_ + levels_.end(depth() + 1).right;
+        node->x = std::max(node->x, least + half_word);
+        node->lex_x = half_word;
+        levels_.place_word(index, depth() + 1, {node->x, node->x + half_word});
+        open_.back().reach = depth() + 1;
     }
-    place_texts(node, w, depth);
+    levels_.place_node(index, depth(), {node->x, node->x + half}, !next_shown_sister(node, show_));
 }
 
-void Layout::place_mother(Node *node, const Node *last_dtr, std::size_t depth) {
-    const Widths w = widths(node);
+void Layout::place_mother(const Node *last_dtr) {
+    const auto [index, reach] = open_.back();
+    Placed &p = placed_[static_cast<std::size_t>(index)];
+    Node *node = p.node;
+    const int half = measure_node(index);
     const int first_x = node->dtrs->x;
-    const int left = first_x + (last_dtr->x - first_x) / 2 - w.half;
-    const int least = mindist_ + level(depth).right;
-    if (left < least) addtodaughters(node->dtrs, least - left, depth + 1);
-    node->x = std::max(left, least) + w.half;
-    place_texts(node, w, depth);
+    const int left = first_x + (last_dtr->x - first_x) / 2 - half;
+    const int least = mindist_ + levels_.end(depth()).right;
+    if (left < least) levels_.move_below(index, reach, least - left);
+    p.moved = std::max(0, least - left);
+    node->x = std::max(left, least) + half;
+    levels_.place_node(index, depth(), {node->x, node->x + half}, !next_shown_sister(node, show_));
 }
 
-void Layout::place_texts(Node *node, const Widths &w, std::size_t depth) {
-    level(depth) = {node->x, node->x + w.half};
-    node->syn_x = node->x - w.syn / 2;
-    if (node->sem) node->sem_x = node->x - w.sem / 2;
-}
-
-// Moves the list of daughters that begins at `first`, and all below it, to the right.
-void Layout::addtodaughters(Node *first, int delta, std::size_t depth) {
-    push_shown(first, depth);
-    while (!stack_.empty()) {
-        const auto [node, d] = stack_.back();
-        stack_.pop_back();
-        if (!next_shown_sister(node, show_)) move_level(node, delta, d);
-        node->x += delta;
-        node->syn_x += delta;
-        if (node->sem) node->sem_x += delta;
-        if (node->dtrs)
-            push_shown(node->dtrs, d + 1);
-        else if (node->lex)
-            node->lex_x += delta;
+void Layout::move_nodes() {
+    for (Placed &p : placed_) {
+        if (p.mother >= 0) {
+            const Placed &mother = placed_[static_cast<std::size_t>(p.mother)];
+            p.moved_below_up = mother.moved_below_up + mother.moved;
+        } else {
+            p.moved_below_up = 0;
+        }
+        Node *node = p.node;
+        node->x += p.moved_below_up;
+        node->syn_x = node->x - p.half_syn;
+        if (node->sem) node->sem_x = node->x - node->sem_x;
+        if (node->lex) node->lex_x = node->x - node->lex_x;
     }
-}
-
-void Layout::push_shown(Node *first, std::size_t depth) {
-    for (Node *n = first; n; n = next_shown_sister(n, show_)) stack_.push_back({n, depth});
-}
-
-// The last node of a list is about to move: what it was the last of on its level moves with it.
-void Layout::move_level(const Node *last, int delta, std::size_t depth) {
-    Level &here = level(depth);
-    if (last->x != here.anchor) return;
-    here.right += delta;
-    here.anchor = last->x + delta;
-    if (!last->lex) return;
-    Level &below = level(depth + 1);
-    below.right += delta;
-    below.anchor += delta;
 }
 
 void Layout::measure_tree(TreeEntry &tree, int vdist) const {
     tree.width = 0;
     tree.height = top_baseline - vdist;
-    for (const Level &level : levels_) {
-        if (level.right == 0) return;
-        tree.width = std::max(tree.width, level.right);
+    for (const int right : levels_.right_edges()) {
+        if (right == 0) return;
+        tree.width = std::max(tree.width, right);
         tree.height += vdist;
     }
 }

@@ -94,13 +94,13 @@ Node *make_node(std::string_view syn, std::string_view sem, std::string_view lex
 
 Node *random_tree(std::mt19937 &random, const RandomTreeShape &shape) {
     const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
-    const auto label = [&] {
-        const auto length = static_cast<std::size_t>(1 + below(shape.longest_label));
+    const auto label = [&](int longest) {
+        const auto length = static_cast<std::size_t>(1 + below(longest));
         return std::string(length, static_cast<char>('a' + below(3)));
     };
     const auto node = [&] {
-        const std::string syn = below(100) < shape.punctuation_percent ? "." : label();
-        return make_node(syn, below(100) < shape.tag_percent ? label() : "");
+        const std::string syn = below(100) < shape.punctuation_percent ? "." : label(shape.longest_label);
+        return make_node(syn, below(100) < shape.tag_percent ? label(shape.longest_label) : "");
     };
     std::vector<Node *> nodes{node()};
     const int size = 1 + below(shape.max_nodes);
@@ -110,8 +110,10 @@ Node *random_tree(std::mt19937 &random, const RandomTreeShape &shape) {
             spine ? nodes.back() : nodes[static_cast<std::size_t>(below(static_cast<int>(nodes.size())))];
         if (mother->nr_of_dtrs < shape.max_daughters) nodes.push_back(add_daughter(mother, node()));
     }
-    for (Node *n : nodes)
-        if (!n->dtrs && below(100) < shape.word_percent) n->lex = intern(label());
+    for (Node *n : nodes) {
+        if (!n->dtrs && below(100) < shape.word_percent) n->lex = intern(label(shape.longest_label));
+        if (n->dtrs && shape.longest_mother_tag > 0) n->sem = intern(label(shape.longest_mother_tag));
+    }
     return nodes.front();
 }
 

@@ -38,7 +38,8 @@ struct RandomTreeShape {
     int tag_percent = 40;
     int word_percent = 80;  // of leaves
     int longest_label = 12;
-    int spine_percent = 0;  // how often the next node goes below the newest one, which makes deep trees
+    int longest_mother_tag = 0;  // more than 0: every mother gets a tag of up to that length
+    int spine_percent = 0;       // how often the next node goes below the newest one, which makes deep trees
 };
 Node *random_tree(std::mt19937 &random, const RandomTreeShape &shape);
 
