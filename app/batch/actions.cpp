@@ -1,5 +1,6 @@
 // The table of actions.
 #include "app/batch/edit_script.hpp"
+#include "app/batch/filter.hpp"
 #include "app/batch/latex_action.hpp"
 #include "app/batch/layout_action.hpp"
 #include "app/batch/options.hpp"
@@ -25,6 +26,17 @@ std::span<const Action> actions() {
         {"check", "marks the selected trees as checked", "Writes the whole corpus.", selection, run_check},
         {"uncheck", "takes the mark from the selected trees", "Writes the whole corpus.", selection,
          run_uncheck},
+        {"propose", "tags for the selected trees from the checked ones", "Writes the whole corpus.",
+         selection, run_propose},
+        {"evaluate", "proposes, and reports how well the tags that were there are met",
+         "The report goes to the file of --report, with -o the corpus with its proposals to that.",
+         selection | report_file, run_evaluate},
+        {"expand", "every root's formula, written out over its daughters",
+         "Every node that an expansion reaches gets its own expansion as its tag. Writes the whole corpus.",
+         selection, run_expand},
+        {"filter", "every tag through Prolog, whose answers become the tags",
+         "Sends each tag as a query; a message that Prolog sends back replaces it. Writes the whole corpus.",
+         selection | filter_options, run_filter},
         {"edit", "runs the operations of a script on the corpus",
          "A line an operation: tag TREE PATH TEXT, category TREE PATH TEXT, undo TREE PATH, undo-all TREE "
          "PATH|*, "

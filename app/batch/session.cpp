@@ -13,7 +13,6 @@
 #include "model/forest.hpp"
 #include "model/input_file.hpp"
 #include "model/output_file.hpp"
-#include "propose/selection.hpp"
 #include "wordgraph/readwg.hpp"
 
 namespace brindle::batch {
@@ -56,7 +55,7 @@ int tree_index(int number) {
     return number - 1;
 }
 
-std::vector<int> selected_trees(const Options &options) {
+SelectionChoice selection_choice(const Options &options) {
     SelectionChoice choice;
     choice.types = options.trees == "checked"     ? TreeTypes::checked
                    : options.trees == "unchecked" ? TreeTypes::unchecked
@@ -70,7 +69,11 @@ std::vector<int> selected_trees(const Options &options) {
     choice.random = options.random.has_value();
     choice.size = options.random.value_or(0);
     choice.seed = options.seed;
-    return select_trees(choice);
+    return choice;
+}
+
+std::vector<int> selected_trees(const Options &options) {
+    return select_trees(selection_choice(options));
 }
 
 int put_out(const std::string &name, std::string_view text) {

@@ -8,6 +8,7 @@
 #include "app/batch/options.hpp"
 #include "model/node.hpp"
 #include "model/text_sink.hpp"
+#include "propose/selection.hpp"
 
 namespace brindle::batch {
 
@@ -18,6 +19,9 @@ void load(const Options &options);
 // The tree with that number, counted from 1, as a place in the forest. A number outside the corpus:
 // UsageError.
 int tree_index(int number);
+
+// The selection options as the batch box's choice. Numbers outside the corpus: UsageError.
+SelectionChoice selection_choice(const Options &options);
 
 // The 0-based numbers of the selected trees in the order of processing. Numbers outside the corpus:
 // UsageError.
