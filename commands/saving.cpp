@@ -5,7 +5,7 @@
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/main_window.hpp"
-#include "prolog/formula_check.hpp"
+#include "prolog/checking.hpp"
 
 namespace brindle {
 
@@ -24,7 +24,8 @@ void save_to_name(TreeWindow &tw, tk::TextField &field) {
     const std::string name = field.value();
     if (name.empty() || !may_write(name, *tw.file_requestor, tw)) return;
     const auto format = static_cast<CorpusFormat>(tw.format_choice->value());
-    const SaveResult result = brindle::save_as(name, format, &tw, formula_checker(&tw));
+    const SaveResult result =
+        brindle::save_as(name, format, &tw, [&tw](Node *root) { return evaluate_formula(root, &tw); });
     if (result.status != SaveStatus::saved) {
         prompt_at_panel(*tw.panel, result.message, false);
         return;

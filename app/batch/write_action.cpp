@@ -9,7 +9,7 @@
 #include "model/forest.hpp"
 #include "model/output_file.hpp"
 #include "model/request.hpp"
-#include "prolog/formula_check.hpp"
+#include "prolog/checking.hpp"
 
 namespace brindle::batch {
 namespace {
@@ -41,7 +41,8 @@ bool write_trees(TreeWriter &writer, const std::vector<int> &trees, ShellFrontEn
 int write_run(const Options &options, const std::vector<int> &trees, ShellFrontEnd &shell) {
     const CorpusFormat format = format_of(options.format);
     const auto write_into = [&](TextSink &sink, auto &&finish) {
-        TreeWriter writer(format, augments(options.output), sink, formula_checker(nullptr));
+        TreeWriter writer(format, augments(options.output), sink,
+                          [](Node *root) { return evaluate_formula(root, nullptr); });
         write_trees(writer, trees, shell);
         return finish(writer);
     };
