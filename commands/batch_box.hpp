@@ -1,0 +1,25 @@
+#pragma once
+// The batch box: what it chooses, and what begins and ends a run.
+#include "gui/tree_window.hpp"
+#include "propose/batch.hpp"
+#include "propose/selection.hpp"
+
+namespace brindle {
+
+// What the items of the window's batch box say.
+SelectionChoice choice_of(const TreeWindow &tw);
+
+// Begins a run: the trees are chosen (tw.batch_selection), everything but "Abort" takes no input.
+void batch_init(TreeWindow &tw);
+
+// Ends it, also a second time: everything takes input again.
+void stop_batch(TreeWindow &tw);
+
+// Makes the tree the window's current one, without showing it.
+void enter_tree(int tree, TreeWindow &tw);
+
+// A run in one go: batch_init, the action with "n of m" behind the footer's text ("": the footer stays), the
+// last tree shown, stop_batch. The action gets the run and returns the last tree (-1: none).
+void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(const BatchRun &)> &action);
+
+}  // namespace brindle

@@ -1,0 +1,32 @@
+// "Propose".
+#include "propose/propose.hpp"
+
+#include "commands/subjects.hpp"
+#include "gui/dialogs.hpp"
+#include "propose/batch.hpp"
+#include "toolkit/display.hpp"
+
+namespace brindle {
+
+namespace {
+
+void propose(TreeWindow &tw, tk::Button &) {
+    if (!current_tree(tw)) return;
+    tw.frame->set_busy(true);
+    tk::flush_display();
+    propose_tree(tw.tree_number);
+    tree_GUI_repaint(tw);
+    tw.frame->set_busy(false);
+    if (prob_break)
+        prompt(*tw.notice,
+               "The annotation of the selected nodes\n\033\n\t\t\tcould not be inferred from their daughters",
+               true);
+}
+
+}  // namespace
+
+void install_proposing(Commands &table) {
+    table.propose = propose;
+}
+
+}  // namespace brindle
