@@ -13,6 +13,11 @@ void install_commands() {
     install_preferences(commands);
     install_tree_sizes(commands);
     install_information(commands);
+    install_proposing(commands);
+    install_batch_box(commands);
+    install_batch_actions(commands);
+    install_node_runs(commands);
+    install_syntax_editor(commands);
 }
 
 }  // namespace brindle

@@ -4,13 +4,18 @@
 
 namespace brindle {
 
-void install_navigation(Commands &table);   // "Next", "Previous", "Tree #"
-void install_checking(Commands &table);     // "Check:"
-void install_saving(Commands &table);       // "Save", "Save as"
-void install_quitting(Commands &table);     // "Close", "Quit"
-void install_node_menu(Commands &table);    // "edit", "clear", "undo"
-void install_preferences(Commands &table);  // fonts, punctuation
-void install_tree_sizes(Commands &table);   // "Tree Size Controls"
-void install_information(Commands &table);  // the ADJUST button on a node
+void install_navigation(Commands &table);     // "Next", "Previous", "Tree #"
+void install_checking(Commands &table);       // "Check:"
+void install_saving(Commands &table);         // "Save", "Save as"
+void install_quitting(Commands &table);       // "Close", "Quit"
+void install_node_menu(Commands &table);      // "edit", "clear", "undo"
+void install_preferences(Commands &table);    // fonts, punctuation
+void install_tree_sizes(Commands &table);     // "Tree Size Controls"
+void install_information(Commands &table);    // the ADJUST button on a node
+void install_proposing(Commands &table);      // "Propose"
+void install_batch_box(Commands &table);      // the choice of trees, "Batch", "Abort"
+void install_batch_actions(Commands &table);  // the actions that work in one go
+void install_node_runs(Commands &table);      // the actions that Prolog drives
+void install_syntax_editor(Commands &table);  // "edit syntax"
 
 }  // namespace brindle

@@ -40,7 +40,8 @@ std::span<const Action> actions() {
         {"edit", "runs the operations of a script on the corpus",
          "A line an operation: tag TREE PATH TEXT, category TREE PATH TEXT, undo TREE PATH, undo-all TREE "
          "PATH|*, "
-         "clear TREE PATH|*, copy TREE PATH TREE PATH, check TREE, uncheck TREE, propose TREE, saved. Empty "
+         "clear TREE PATH|*, copy TREE PATH TREE PATH, bracket TREE PATH TEXT, check TREE, uncheck TREE, "
+         "propose TREE, saved. Empty "
          "lines and "
          "lines that begin with # are skipped. A line that cannot be carried out ends the run: nothing is "
          "written.",

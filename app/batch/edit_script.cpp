@@ -7,11 +7,12 @@
 
 #include "app/batch/session.hpp"
 #include "app/batch/statistics.hpp"
+#include "editor/replacement.hpp"
 #include "model/forest.hpp"
 #include "model/label_rules.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
-#include "propose/propose.hpp"
+#include "propose/batch.hpp"
 #include "stats/changes.hpp"
 
 namespace brindle::batch {
@@ -133,12 +134,17 @@ void do_copy(Fields &fields) {
     new_label(to, text_of(from->sem), nullptr);
 }
 
+void do_bracket(Fields &fields) {
+    const int tree = fields.tree();
+    Node *node = fields.node(tree);
+    const std::string message = replace_subtree(tree, node, std::string(fields.text()) + "\n");
+    if (!message.empty()) throw Refusal(message);
+}
+
 void do_propose(Fields &fields) {
     const int tree = fields.tree();
     fields.end();
-    set_checked(tree, false);
-    const auto scope = scope_of(tree);
-    batch_propose(tree);
+    propose_tree(tree);
 }
 
 void do_check(Fields &fields, bool checked) {
@@ -159,6 +165,7 @@ constexpr Operation operations[] = {
     {"undo-all", [](Fields &f) { on_node_or_tree(f, undo_all); }},
     {"clear", [](Fields &f) { on_node_or_tree(f, [](Node *node) { clear(node, nullptr); }); }},
     {"copy", do_copy},
+    {"bracket", do_bracket},
     {"check", [](Fields &f) { do_check(f, true); }},
     {"uncheck", [](Fields &f) { do_check(f, false); }},
     {"propose", do_propose},
