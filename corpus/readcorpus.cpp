@@ -50,7 +50,8 @@ void read_forest(std::string_view text, const std::string &name) {
     forest.resize(static_cast<std::size_t>(amount));
     tables_init();
     const ReadingProgress progress(name, text.size());
-    TreeReader reader(text);
+    BulkStoring bulk;
+    TreeReader reader(text, &bulk);
     for (int t = 0; t < amount; ++t) {
         TreeEntry &tree = forest[static_cast<std::size_t>(t)];
         if (!reader.eat_until_open(tree.checked)) {

@@ -161,20 +161,24 @@ std::string_view TreeReader::category(bool bracketed) {
     return label(mode, "Syntactic category too long, line %d", MAXSYN - 1);
 }
 
-// Reads the node's tag and word. Result: the node is complete (else its daughters follow). `closes_mother` is
-// set when the ")" that ended a bare node closes its mother too.
-bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother) {
+// Reads the node's tag and word. Result: the node is complete (else its daughters follow). `closes_mother`
+// says whether the ")" that ended a bare node closes its mother too.
+bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother, bool &has_word) {
+    bool has_tag = false;
+    closes_mother = has_word = false;
     while (true) {
         if (p_ == end_) fail("Unexpected end of file");
         const char c = *p_;
         if (c == START_SEM_TAG) {
             ++p_;
-            if (node->sem) fail("Two semantic tags on one node, line %d", lines);
-            node->sem = intern(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1));
+            if (has_tag) fail("Two semantic tags on one node, line %d", lines);
+            has_tag = true;
+            labels_.emplace_back(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1), &node->sem);
         } else if (c == START_LEX_TAG) {
             ++p_;
-            if (node->lex) fail("Two lexical items on one node, line %d", lines);
-            node->lex = intern(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1));
+            if (has_word) fail("Two lexical items on one node, line %d", lines);
+            has_word = true;
+            labels_.emplace_back(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1), &node->lex);
         } else if (c == ')') {
             ++p_;
             closes_mother = !bracketed;
@@ -191,14 +195,8 @@ bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother) {
 
 namespace {
 
-// Stores a node whose daughters have all been stored.
-void complete(Node *node) {
-    store(node->syn, node->sem, node->lex, node);
-}
-
 // A new node behind `left` under `mother`; null `left`: the first daughter.
 Node *add_daughter(Node *mother, Node *left) {
-    if (mother->lex) fail("Lexical item on a node with daughters, line %d", lines);
     Node *node = new_node();
     node->mother = mother;
     (left ? left->sister : mother->dtrs) = node;
@@ -206,8 +204,7 @@ Node *add_daughter(Node *mother, Node *left) {
     return node;
 }
 
-// Frees what has been read of a tree with a format error. Its nodes may be stored: the whole corpus is given
-// up then.
+// Frees what has been read of a tree with a format error. Nothing of it is stored yet.
 struct Unfinished {
     Node *root;
     ~Unfinished() {
@@ -222,10 +219,14 @@ Node *TreeReader::read_tree() {
     Node *const root = unfinished.root;
     Node *mother = nullptr;  // of the node that is read next
     Node *left = nullptr;    // its left sister
+    bool mother_has_word = false;
     bool finished = false;
-    // A node is complete: goes on with its next sister, or ends with the root.
+    labels_.clear();
+    nodes_.clear();
+    // A node and all below it have been read: goes on with its next sister, or ends with the root.
     const auto close = [&](Node *node) {
-        complete(node);
+        nodes_.push_back(node);
+        mother_has_word = false;
         finished = node == root;
         mother = node->mother;
         left = node;
@@ -238,20 +239,26 @@ Node *TreeReader::read_tree() {
             close(mother);
             continue;
         }
+        if (mother_has_word) fail("Lexical item on a node with daughters, line %d", lines);
         Node *node = mother ? add_daughter(mother, left) : root;
         const bool bracketed = *p_ == '(';
         if (bracketed) ++p_;
-        node->syn = intern(category(bracketed));
-        bool closes_mother = false;
-        if (!annotations(node, bracketed, closes_mother)) {
+        labels_.emplace_back(category(bracketed), &node->syn);
+        bool closes_mother = false, has_word = false;
+        if (!annotations(node, bracketed, closes_mother, has_word)) {
             mother = node;
+            mother_has_word = has_word;
             left = nullptr;
             continue;
         }
         close(node);
         if (closes_mother && mother) close(mother);
     }
-    do_with(root, parent);
+    intern(labels_);
+    if (bulk_)
+        bulk_->store_tree(root, nodes_);
+    else
+        store_tree(root, nodes_);
     unfinished.root = nullptr;
     return root;
 }

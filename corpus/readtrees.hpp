@@ -4,8 +4,10 @@
 // Every format error is a FormatError with the whole message; readcorpus ends the program with it.
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/forest.hpp"
+#include "stats/bulk.hpp"
 
 namespace brindle {
 
@@ -22,7 +24,11 @@ int trees(std::string_view text);
 // Reads trees from a text. The text must outlive the reader.
 class TreeReader {
   public:
-    explicit TreeReader(std::string_view text) : p_(text.data()), end_(p_ + text.size()) { lines = 1; }
+    // Trees are stored through `bulk` if it is given, which must outlive the reader.
+    explicit TreeReader(std::string_view text, BulkStoring *bulk = nullptr)
+        : p_(text.data()), end_(p_ + text.size()), bulk_(bulk) {
+        lines = 1;
+    }
 
     // Looks for the next tree and stops behind its "(". Sets `checked` to whether a "*" stood before it.
     // False: there is none.
@@ -38,10 +44,14 @@ class TreeReader {
     void skip_blanks();
     std::string_view label(Mode mode, const char *too_long, std::size_t most);
     std::string_view category(bool bracketed);
-    bool annotations(Node *node, bool bracketed, bool &closes_mother);
+    bool annotations(Node *node, bool bracketed, bool &closes_mother, bool &has_word);
 
     const char *p_;
     const char *end_;
+    BulkStoring *bulk_;
+    // Of the tree that is read: its labels, and its nodes in the order in which they are to be stored.
+    std::vector<Unnamed> labels_;
+    std::vector<Node *> nodes_;
 };
 
 // Reads a whole corpus from a text into an empty forest and empty tables. Sets amount and lines. Throws

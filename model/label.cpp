@@ -1,43 +1,28 @@
 #include "model/label.hpp"
 
+#include <algorithm>
+#include <bit>
 #include <cstring>
-#include <functional>
-#include <memory>
 #include <new>
 #include <vector>
 
-#include <tsl/robin_set.h>
+#include "model/large_memory.hpp"
+#include "model/record_index.hpp"
 
 namespace brindle {
 namespace {
-
-struct LabelHash {
-    using is_transparent = void;
-    std::size_t operator()(std::string_view text) const { return std::hash<std::string_view>()(text); }
-    std::size_t operator()(const Label *label) const { return (*this)(label->view()); }
-};
-
-struct LabelEqual {
-    using is_transparent = void;
-    static std::string_view view(std::string_view text) { return text; }
-    static std::string_view view(const Label *label) { return label->view(); }
-    template <class A, class B>
-    bool operator()(const A &a, const B &b) const {
-        return view(a) == view(b);
-    }
-};
 
 // Labels of any length, one behind another in blocks that are never freed.
 class LabelArena {
   public:
     void *allocate(std::size_t size) {
-        size = (size + alignof(Label) - 1) / alignof(Label) * alignof(Label);
+        size = (size + alignment - 1) / alignment * alignment;
         if (size > left_) {
-            const std::size_t block = size > block_size ? size : block_size;
-            blocks_.push_back(std::make_unique<std::byte[]>(block + label_overrun));
-            next_ = blocks_.back().get();
-            left_ = block;
-            total_ += block;
+            const std::size_t block = std::clamp<std::size_t>(total_, 1 << 16, LargeMemory::huge_page);
+            const LargeMemory &memory = blocks_.emplace_back(std::max(size + label_overrun, block));
+            next_ = memory.data();
+            left_ = memory.size() - label_overrun;
+            total_ += memory.size();
         }
         void *place = next_;
         next_ += size;
@@ -47,22 +32,49 @@ class LabelArena {
     std::size_t total() const { return total_; }
 
   private:
-    static constexpr std::size_t block_size = 1 << 18;
-    std::vector<std::unique_ptr<std::byte[]>> blocks_;
+    static constexpr std::size_t alignment = 64;
+    std::vector<LargeMemory> blocks_;
     std::byte *next_ = nullptr;
     std::size_t left_ = 0;
     std::size_t total_ = 0;
 };
 
 // Interned labels must outlive every static object that names one, so neither is ever destroyed.
-using LabelSet = tsl::robin_set<Label *, LabelHash, LabelEqual, std::allocator<Label *>, true>;
-LabelSet &labels() {
-    static auto *set = new LabelSet;
-    return *set;
+RecordIndex<Label> &labels() {
+    static auto *index = new RecordIndex<Label>;
+    return *index;
 }
 LabelArena &arena() {
     static auto *the_arena = new LabelArena;
     return *the_arena;
+}
+
+// Eight bytes, or the first of them, as a number.
+std::uint64_t bytes_at(const char *p, std::size_t n) {
+    std::uint64_t number = 0;
+    std::memcpy(&number, p, n);
+    return number;
+}
+
+// The hash by which labels are found; hash() is the tables' own, whose buckets are few.
+std::uint32_t index_hash(std::string_view text) {
+    constexpr std::uint64_t factor = 0x9e3779b97f4a7c15u;
+    const char *p = text.data();
+    std::size_t n = text.size();
+    std::uint64_t h = n * factor;
+    for (; n > 8; p += 8, n -= 8) h = (std::rotl(h, 29) ^ bytes_at(p, 8)) * factor;
+    std::uint64_t last = 0;
+    if (n >= 4)
+        last = bytes_at(p, 4) << 32 | bytes_at(p + n - 4, 4);
+    else if (n > 0)
+        last = bytes_at(p, 1) << 16 | bytes_at(p + n / 2, 1) << 8 | bytes_at(p + n - 1, 1);
+    h = (std::rotl(h, 29) ^ last) * factor;
+    h = (h ^ (h >> 32)) * factor;
+    return static_cast<std::uint32_t>(h >> 32);
+}
+
+Label *find(std::string_view text, std::uint32_t h) {
+    return labels().find(h, [text](const Label *label) { return label->view() == text; });
 }
 
 }  // namespace
@@ -77,27 +89,46 @@ std::uint32_t hash(std::string_view text) {
     return h % nr_of_buckets;
 }
 
-Label *intern(std::string_view text) {
-    const std::size_t h = LabelHash()(text);
-    auto &set = labels();
-    if (const auto found = set.find(text, h); found != set.end()) return *found;
+namespace {
+
+Label *intern(std::string_view text, std::uint32_t h) {
+    if (Label *label = find(text, h)) return label;
     void *place = arena().allocate(sizeof(Label) + text.size() + 1);
     auto *label = new (place)
         Label{hash(text), static_cast<std::uint32_t>(text.size()), nullptr, nullptr, nullptr, nullptr};
     char *copy = reinterpret_cast<char *>(label + 1);
     std::memcpy(copy, text.data(), text.size());
     copy[text.size()] = '\0';
-    set.insert(label);
+    labels().insert(label, h);
     return label;
 }
 
+}  // namespace
+
+Label *intern(std::string_view text) {
+    return intern(text, index_hash(text));
+}
+
+Unnamed::Unnamed(std::string_view t, Label **p) : text(t), place(p), hash(index_hash(t)) {
+    labels().prefetch_slot(hash);
+}
+
+void intern(std::span<const Unnamed> texts) {
+    constexpr std::size_t at_once = 64;
+    while (!texts.empty()) {
+        const auto some = texts.first(std::min(texts.size(), at_once));
+        for (const Unnamed &unnamed : some) labels().prefetch_record(unnamed.hash);
+        for (const Unnamed &unnamed : some) *unnamed.place = intern(unnamed.text, unnamed.hash);
+        texts = texts.subspan(some.size());
+    }
+}
+
 Label *find_label(std::string_view text) {
-    const auto found = labels().find(text);
-    return found == labels().end() ? nullptr : *found;
+    return find(text, index_hash(text));
 }
 
 std::size_t label_bytes() {
-    return arena().total() + labels().bucket_count() * 2 * sizeof(void *);
+    return arena().total() + labels().bytes();
 }
 
 }  // namespace brindle

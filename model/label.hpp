@@ -4,6 +4,7 @@
 // A node names its labels by reference to these records. Each record knows the label's place in the tables of
 // stats/, so nobody on the way from a node to its statistics hashes or compares a string.
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace brindle {
@@ -44,6 +45,18 @@ std::uint32_t hash(std::string_view text);
 
 // The one record of a text, made on its first use; it lives until the program ends.
 Label *intern(std::string_view text);
+
+// A text that is to be interned, and where its record goes. Made a while before, for the index is fetched
+// meanwhile.
+struct Unnamed {
+    Unnamed(std::string_view text, Label **place);
+    std::string_view text;
+    Label **place;
+    std::uint32_t hash;
+};
+
+// Interns many texts at once, in their order: the waits for memory overlap.
+void intern(std::span<const Unnamed> texts);
 
 // The record of a text if it has one, else null. Makes nothing.
 Label *find_label(std::string_view text);

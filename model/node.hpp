@@ -7,6 +7,9 @@
 
 namespace brindle {
 
+struct LabelLink;
+struct LexLink;
+
 // A node. Labels are interned (model/label.hpp), never owned. A node with a word has no daughters.
 struct Node {
     Label *syn = nullptr;       // category; null only while the node is being read
@@ -17,6 +20,9 @@ struct Node {
     Node *mother = nullptr;     // null at the root
     Node *dtrs = nullptr;       // first daughter
     Node *sister = nullptr;     // next sister to the right
+    // Where the statistics count the node's labels together (stats/links); null while it is not stored.
+    LabelLink *link = nullptr;   // its category and tag
+    LexLink *lexlink = nullptr;  // its word, category and tag; null: it has no word
     // Results of the layout (display/layout), in pixels of the canvas.
     std::int32_t syn_x = 0;  // where the category's text starts
     std::int32_t sem_x = 0;  // where the tag's text starts

@@ -1,10 +1,13 @@
 #pragma once
 // Records of one type, handed out zeroed from large blocks and taken back one by one. A pool frees its blocks
 // only with itself, so a record's address stays good until it is released.
+#include <algorithm>
 #include <cstddef>
-#include <memory>
+#include <new>
 #include <type_traits>
 #include <vector>
+
+#include "model/large_memory.hpp"
 
 namespace brindle {
 
@@ -19,8 +22,8 @@ class Pool {
         if (slot) {
             free_ = slot->next;
         } else {
-            if (used_ == block_size) add_block();
-            slot = &blocks_.back()[used_++];
+            if (next_ == end_) add_block();
+            slot = next_++;
         }
         return new (&slot->record) T{};
     }
@@ -35,12 +38,12 @@ class Pool {
     // Takes all records back at once.
     void clear() {
         blocks_.clear();
-        free_ = nullptr;
-        used_ = block_size;
+        free_ = next_ = end_ = nullptr;
+        bytes_ = 0;
     }
 
     // Bytes of memory held.
-    std::size_t bytes() const { return blocks_.size() * block_size * sizeof(Slot); }
+    std::size_t bytes() const { return bytes_; }
 
   private:
     union Slot {
@@ -48,16 +51,21 @@ class Pool {
         T record;
         Slot *next;
     };
-    static constexpr std::size_t block_size = (1 << 18) / sizeof(Slot) + 1;
 
+    // A pool that holds little takes little; one that grows takes whole huge pages.
     void add_block() {
-        blocks_.push_back(std::unique_ptr<Slot[]>(new Slot[block_size]));
-        used_ = 0;
+        const std::size_t size = std::clamp<std::size_t>(bytes_, 1 << 14, LargeMemory::huge_page);
+        const LargeMemory &block = blocks_.emplace_back(size);
+        next_ = reinterpret_cast<Slot *>(block.data());
+        end_ = next_ + block.size() / sizeof(Slot);
+        bytes_ += block.size();
     }
 
-    std::vector<std::unique_ptr<Slot[]>> blocks_;
+    std::vector<LargeMemory> blocks_;
     Slot *free_ = nullptr;
-    std::size_t used_ = block_size;
+    Slot *next_ = nullptr;  // the first slot of the last block that was never used
+    Slot *end_ = nullptr;
+    std::size_t bytes_ = 0;
 };
 
 }  // namespace brindle

@@ -1,6 +1,7 @@
 #include "stats/changes.hpp"
 
 #include <string>
+#include <vector>
 
 #include "model/error.hpp"
 #include "model/forest.hpp"
@@ -21,14 +22,19 @@ Label *label_of(std::string_view text) {
     return intern(copy);
 }
 
+// The nodes whose contexts name the node's labels: its daughters, the rightmost first, and the node itself.
+std::vector<Node *> concerned_with(Node *node) {
+    std::vector<Node *> nodes;
+    if (node->dtrs) do_with_sisters(node->dtrs, [&](Node *daughter) { nodes.push_back(daughter); });
+    nodes.push_back(node);
+    return nodes;
+}
+
 // Links the node's labels again and records its mother context and its daughters', after one label has
 // changed.
 void record(Node *node, LabelEntry *syn, LabelEntry *sem) {
-    synsemlink(syn, sem);
-    synsemlink(sem, syn);
-    if (node->lex) lexlink(word_entry(node), syn, sem);
-    if (node->dtrs) do_with_sisters(node->dtrs, parent);
-    parent(node);
+    link_labels(node, syn, sem, node->lex ? word_entry(node) : nullptr);
+    change_contexts(concerned_with(node), ContextChange::record);
 }
 
 void give_tag(Node *node, Label *tag) {
@@ -89,8 +95,7 @@ void remove_syn_cat(Node *node) {
 }
 
 void remove_parents(Node *node) {
-    delete_parent(node);
-    for (Node *daughter = node->dtrs; daughter; daughter = daughter->sister) delete_parent(daughter);
+    change_contexts(concerned_with(node), ContextChange::withdraw);
 }
 
 bool undo_last(Node *node, TreeView *view) {
@@ -131,7 +136,7 @@ void set_checked(int t, bool checked) {
     if (tree.checked == checked) return;
     tree.checked = checked;
     TreeCheckedScope scope(checked);
-    do_with(tree.root, adjust_checked_amount);
+    adjust_checked_amounts(tree.root);
 }
 
 }  // namespace brindle

@@ -11,30 +11,28 @@ struct LabelEntry;
 struct LexEntry;
 
 // In a category's list: a tag; in a tag's list: a category.
-struct LabelLink {
+struct alignas(64) LabelLink : Ranked<LabelLink> {
     LabelEntry *label = nullptr;
-    std::int32_t count = 0;
-    std::int32_t checked_count = 0;
+    LabelLink *twin = nullptr;  // the link of the same two labels in the other's list
+    Parents parents;            // used only in a category's list
     LabelLink *next = nullptr;
     LabelLink *prev = nullptr;
-    Parents parents;  // used only in a category's list
 
     using Key = LabelEntry *;
     Key key() const { return label; }
     void set_key(Key k) { label = k; }
-    static std::size_t hash(Key k) { return mix_hash(0, k); }
+    static std::uint64_t hash(Key k) { return mix_hash(k, nullptr); }
 };
 using LabelLinks = RankedList<LabelLink>;
 
 // In a word's list: a (category, tag) pair.
-struct LexLink {
+struct alignas(64) LexLink : Ranked<LexLink> {
     LabelEntry *syn = nullptr;
     LabelEntry *sem = nullptr;
-    std::int32_t count = 0;
-    std::int32_t checked_count = 0;
+    LabelLink *link = nullptr;  // the category's link to the tag
+    Parents parents;
     LexLink *next = nullptr;
     LexLink *prev = nullptr;
-    Parents parents;
 
     struct Key {
         LabelEntry *syn;
@@ -43,7 +41,7 @@ struct LexLink {
     };
     Key key() const { return {syn, sem}; }
     void set_key(const Key &k) { syn = k.syn, sem = k.sem; }
-    static std::size_t hash(const Key &k) { return mix_hash(mix_hash(0, k.syn), k.sem); }
+    static std::uint64_t hash(const Key &k) { return mix_hash(k.syn, k.sem); }
 };
 using LexLinks = RankedList<LexLink>;
 

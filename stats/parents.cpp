@@ -1,6 +1,7 @@
 #include "stats/parents.hpp"
 
 #include <algorithm>
+#include <memory>
 
 namespace brindle {
 namespace {
@@ -37,9 +38,9 @@ void lower_in(PathTags &path, LabelEntry *sem) {
 
 }  // namespace
 
-void Parents::count_one_more(const Context &context, bool checked, Pool<ParentRecord> &pool) {
-    list_.count_one_more(context, checked, pool);
-    if (checked && paths_) raise_in((*paths_)[context.path()], context.sem);
+void Parents::count_one_more(ParentRecord *record, bool checked) {
+    list_.count_one_more(record, checked);
+    if (checked && paths_) raise_in((*paths_)[record->key().path()], record->sem);
 }
 
 void Parents::count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool) {
@@ -57,41 +58,45 @@ void Parents::lower(ParentRecord *record) {
     if (paths_) lower_in((*paths_)[record->key().path()], record->sem);
 }
 
-void Parents::drop_index() {
-    list_.drop_index();
+void Parents::clear(Pool<ParentRecord> &pool) {
+    drop_paths();
+    list_.clear(pool);
+}
+
+void Parents::drop_paths() {
     delete paths_;
     paths_ = nullptr;
 }
 
-void Parents::build_paths() {
-    paths_ = new Paths;
+Parents::Paths *Parents::new_paths() const {
+    auto paths = std::make_unique<Paths>();
     for (const ParentRecord *r = first(); r && r->checked_count > 0; r = r->next) {
-        PathTags &path = (*paths_)[r->key().path()];
+        PathTags &path = (*paths)[r->key().path()];
         path.tags.push_back({r->sem, r->checked_count});
         path.total += r->checked_count;
     }
+    return paths.release();
 }
 
 const char *Parents::fault() const {
     if (const char *fault = list_.fault()) return fault;
     if (!paths_) return nullptr;
-    Parents fresh;
-    fresh.list_ = list_;
-    fresh.build_paths();
-    bool same = paths_->size() >= fresh.paths_->size();
+    const std::unique_ptr<const Paths> fresh(new_paths());
+    std::size_t met = 0;
     for (const auto &[path, tags] : *paths_) {
-        const auto found = fresh.paths_->find(path);
-        same = same && (found == fresh.paths_->end() ? tags == PathTags() : tags == found->second);
+        const auto found = fresh->find(path);
+        met += found != fresh->end();
+        if (!(tags == (found == fresh->end() ? PathTags() : found->second)))
+            return "the index of paths differs from the list";
     }
-    delete fresh.paths_;
-    return same ? nullptr : "the index of paths differs from the list";
+    return met == fresh->size() ? nullptr : "the index of paths misses a path";
 }
 
 const PathTags &Parents::tags_of(const Path &path, PathTags &room) {
     room.tags.clear();
     room.total = 0;
-    if (list_.is_indexed()) {
-        if (!paths_) build_paths();
+    if (paths_ || list_.length() > longest_without_paths) {
+        if (!paths_) paths_ = new_paths();
         const auto found = paths_->find(path);
         return found == paths_->end() ? room : found->second;
     }

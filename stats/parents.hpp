@@ -11,13 +11,12 @@ namespace brindle {
 
 struct LabelEntry;
 
-// Mixes a number or a reference into a running hash.
-inline std::size_t mix_hash(std::size_t h, std::size_t value) {
-    h = (h ^ value) * 0x9e3779b97f4a7c15u;
-    return h ^ (h >> 29);
-}
-inline std::size_t mix_hash(std::size_t h, const void *reference) {
-    return mix_hash(h, reinterpret_cast<std::uintptr_t>(reference) >> 4);
+// A hash of two or three references and a number. The products do not wait for each other.
+inline std::uint64_t mix_hash(const void *a, const void *b, std::uint64_t number = 0) {
+    const std::uint64_t h = reinterpret_cast<std::uintptr_t>(a) * 0xa0761d6478bd642fu +
+                            reinterpret_cast<std::uintptr_t>(b) * 0xe7037ed1a0b428dbu +
+                            number * 0x8ebc6af09c88c6e3u;
+    return h ^ (h >> 32);
 }
 
 // A place under some mother of a category, whatever the mother's tag.
@@ -26,10 +25,10 @@ struct Path {
     std::int32_t dtr_nr;      // 1-based position among the daughters
     std::int32_t nr_of_dtrs;  // number of the mother's daughters
     bool operator==(const Path &) const = default;
-    std::size_t hash() const {
-        const auto place = static_cast<std::size_t>(dtr_nr) << 32 | static_cast<std::uint32_t>(nr_of_dtrs);
-        return mix_hash(mix_hash(0, syn), place);
+    std::uint64_t place() const {
+        return static_cast<std::uint64_t>(dtr_nr) << 32 | static_cast<std::uint32_t>(nr_of_dtrs);
     }
+    std::uint64_t hash() const { return mix_hash(syn, nullptr, place()); }
 };
 
 // A mother context: under which mother, and where among its daughters.
@@ -40,7 +39,7 @@ struct Context {
     std::int32_t nr_of_dtrs;  // number of the mother's daughters
     bool operator==(const Context &) const = default;
     Path path() const { return {syn, dtr_nr, nr_of_dtrs}; }
-    std::size_t hash() const { return mix_hash(path().hash(), sem); }
+    std::uint64_t hash() const { return mix_hash(syn, sem, path().place()); }
 };
 
 struct HashOf {
@@ -51,20 +50,18 @@ struct HashOf {
 };
 
 // How often a (category, tag) pair or a (word, category, tag) triple occurs in one mother context.
-struct ParentRecord {
+struct alignas(64) ParentRecord : Ranked<ParentRecord> {
     LabelEntry *syn = nullptr;
     LabelEntry *sem = nullptr;
     std::int32_t dtr_nr = 0;
     std::int32_t nr_of_dtrs = 0;
-    std::int32_t count = 0;
-    std::int32_t checked_count = 0;
     ParentRecord *next = nullptr;
     ParentRecord *prev = nullptr;
 
     using Key = Context;
     Key key() const { return {syn, sem, dtr_nr, nr_of_dtrs}; }
     void set_key(const Key &k) { syn = k.syn, sem = k.sem, dtr_nr = k.dtr_nr, nr_of_dtrs = k.nr_of_dtrs; }
-    static std::size_t hash(const Key &k) { return k.hash(); }
+    static std::uint64_t hash(const Key &k) { return k.hash(); }
 };
 
 // The mothers' tags that one path occurs with in checked trees, in the order of their records in the list.
@@ -85,17 +82,27 @@ class Parents {
   public:
     // As in RankedList.
     ParentRecord *first() const { return list_.first(); }
+    template <class Function>
+    void for_each(Function &&function) const {
+        list_.for_each(function);
+    }
     ParentRecord *find(const Context &context) const { return list_.find(context); }
-    void count_one_more(const Context &context, bool checked, Pool<ParentRecord> &pool);
+    ParentRecord *find(const Context &context, std::uint32_t hash) const { return list_.find(context, hash); }
+    std::uint32_t hash(const Context &context) const { return list_.hash(context); }
+    void prefetch(std::uint32_t hash) const { list_.prefetch(hash); }
+    void prefetch_element(std::uint32_t hash) const { list_.prefetch_element(hash); }
+    ParentRecord *add(const Context &context, Pool<ParentRecord> &pool) { return list_.add(context, pool); }
+    void count_one_more(ParentRecord *record, bool checked);
     void count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool);
     void raise(ParentRecord *record);
     void lower(ParentRecord *record);
+    void clear(Pool<ParentRecord> &pool);
+
+    // Frees what is not in a pool; before RankedList::forget_all.
+    void drop_paths();
 
     // As in RankedList, and whether the index of paths agrees with the list.
     const char *fault() const;
-
-    // Frees what the list holds beside its records.
-    void drop_index();
 
     // What the path occurs with in checked trees: `room`, filled, or a part of the index, good until the next
     // change.
@@ -103,7 +110,8 @@ class Parents {
 
   private:
     using Paths = tsl::robin_map<Path, PathTags, HashOf>;
-    void build_paths();
+    static constexpr std::int32_t longest_without_paths = 8;
+    Paths *new_paths() const;
 
     RankedList<ParentRecord> list_;
     Paths *paths_ = nullptr;

@@ -108,7 +108,7 @@ void tables_init() {
     lex_entries.clear();
 }
 
-LabelEntry *storelabel(Label *name, LabelKind kind) {
+LabelEntry *label_entry(Label *name, LabelKind kind) {
     LabelEntry *&place = place_of(name, kind);
     if (!place) {
         place = label_entries.make();
@@ -116,18 +116,28 @@ LabelEntry *storelabel(Label *name, LabelKind kind) {
         place->kind = kind;
         append(table[bucket_of(name)], place);
     }
-    count_one_more(place);
     return place;
 }
 
-LexEntry *storelex(Label *word) {
+LexEntry *lex_entry(Label *word) {
     if (!word->word) {
         word->word = lex_entries.make();
         word->word->name = word;
         append(lex_table[word->bucket], word->word);
     }
-    count_one_more(word->word);
     return word->word;
+}
+
+LabelEntry *storelabel(Label *name, LabelKind kind) {
+    LabelEntry *entry = label_entry(name, kind);
+    count_one_more(entry);
+    return entry;
+}
+
+LexEntry *storelex(Label *word) {
+    LexEntry *entry = lex_entry(word);
+    count_one_more(entry);
+    return entry;
 }
 
 void delete_old_label(Label *name, LabelKind kind) {

@@ -26,7 +26,7 @@ struct LabelEntry {
 };
 
 // An entry of `lex_table`: a word.
-struct LexEntry {
+struct alignas(64) LexEntry {
     Label *name = nullptr;
     std::int32_t count = 0;
     std::int32_t checked_count = 0;
@@ -57,6 +57,10 @@ LexEntry *searchlex(std::string_view word, MustExist must);
 
 // Empties both tables; what was in them is released.
 void tables_init();
+
+// The entry of a label, made if there is none; not counted yet.
+LabelEntry *label_entry(Label *name, LabelKind kind);
+LexEntry *lex_entry(Label *word);
 
 // Counts one more occurrence under TREE_CHECKED, creating the entry on the first one.
 LabelEntry *storelabel(Label *name, LabelKind kind);

@@ -41,10 +41,11 @@ struct Key {
     bool operator==(const Key &) const = default;
 
     std::size_t hash() const {
-        std::size_t h = mix_hash(static_cast<std::size_t>(what), static_cast<std::size_t>(kind));
-        for (const Label *label : {syn, sem, lex, place.syn, place.sem}) h = mix_hash(h, label);
-        h = mix_hash(h, static_cast<std::size_t>(place.dtr_nr));
-        return mix_hash(h, static_cast<std::size_t>(place.nr_of_dtrs));
+        const auto kinds = static_cast<std::uint64_t>(what) << 8 | static_cast<std::uint64_t>(kind);
+        const auto numbers =
+            static_cast<std::uint64_t>(place.dtr_nr) << 32 | static_cast<std::uint32_t>(place.nr_of_dtrs);
+        return mix_hash(syn, sem, kinds) ^
+               (mix_hash(lex, place.syn, numbers) + 31 * mix_hash(place.sem, nullptr));
     }
 };
 
@@ -98,6 +99,7 @@ class Verifier {
     void count_forest();
     void count_node(const Node *node, bool checked);
     void check_node(const Node *node, int tree);
+    void check_links(const Node *node, int tree);
     void expect(const Key &key, bool checked, bool counted = true) {
         Counts &counts = expected_[key];
         counts.count += counted;
@@ -112,6 +114,7 @@ class Verifier {
     void check_chain(const Bucket<Entry> &bucket, std::uint32_t number);
     void check_entry(const LabelEntry *entry);
     void check_entry(const LexEntry *entry);
+    void check_link(const LabelEntry *entry, const LabelLink *link);
     void check_parents(const Parents &parents, Key key);
     void check_category_contexts(const LabelEntry *entry);
     template <class List>
@@ -149,6 +152,19 @@ void Verifier::check_node(const Node *node, int tree) {
     if (position != node->nr_of_dtrs)
         report("tree {}, node {}: {} daughters, noted are {}", tree + 1, path_of(node), position,
                node->nr_of_dtrs);
+    check_links(node, tree);
+}
+
+// The node's own references to where it is counted.
+void Verifier::check_links(const Node *node, int tree) {
+    const LabelLink *link = node->link;
+    if (!link || link->label->name != node->sem || link->twin->label->name != node->syn ||
+        link->twin->label->kind != category_kind(node))
+        return report("tree {}, node {}: refers to another link", tree + 1, path_of(node));
+    const LexEntry *word = node->lex ? node->lex->word : nullptr;
+    const LexLink *lexlink = word ? search_lexlink(word, link->twin->label, link->label) : nullptr;
+    if (lexlink != node->lexlink)
+        report("tree {}, node {}: refers to another link of its word", tree + 1, path_of(node));
 }
 
 void Verifier::count_node(const Node *node, bool checked) {
@@ -206,17 +222,20 @@ void Verifier::check_entry(const LabelEntry *entry) {
     if (search(entry->name, entry->kind, MustExist::no) != entry)
         report("its label does not name it: {}", text_of(own));
     check_list(entry->links, own);
-    for (const LabelLink *l = entry->links.first(); l; l = l->next) {
-        const bool is_tag = entry->kind == LabelKind::SEM;
-        Key key{is_tag ? What::category_link : What::tag_link, is_tag ? l->label->kind : entry->kind};
-        key.syn = is_tag ? l->label->name : entry->name;
-        key.sem = is_tag ? entry->name : l->label->name;
-        compare(key, l->count, l->checked_count);
-        if (is_tag && l->parents.first()) report("contexts on a tag's link: {}", text_of(key));
-        key.what = What::tag_context;
-        check_parents(l->parents, key);
-    }
+    entry->links.for_each([&](const LabelLink *link) { check_link(entry, link); });
     check_category_contexts(entry);
+}
+
+void Verifier::check_link(const LabelEntry *entry, const LabelLink *l) {
+    const bool is_tag = entry->kind == LabelKind::SEM;
+    Key key{is_tag ? What::category_link : What::tag_link, is_tag ? l->label->kind : entry->kind};
+    key.syn = is_tag ? l->label->name : entry->name;
+    key.sem = is_tag ? entry->name : l->label->name;
+    compare(key, l->count, l->checked_count);
+    if (l->twin->twin != l || l->twin->label != entry) report("not linked to its twin: {}", text_of(key));
+    if (is_tag && l->parents.first()) report("contexts on a tag's link: {}", text_of(key));
+    key.what = What::tag_context;
+    check_parents(l->parents, key);
 }
 
 void Verifier::check_entry(const LexEntry *entry) {
@@ -224,20 +243,21 @@ void Verifier::check_entry(const LexEntry *entry) {
     compare(own, entry->count, entry->checked_count);
     if (entry->name->word != entry) report("its label does not name it: {}", text_of(own));
     check_list(entry->links, own);
-    for (const LexLink *l = entry->links.first(); l; l = l->next) {
+    entry->links.for_each([&](const LexLink *l) {
         Key key{What::word_link, l->syn->kind, l->syn->name, l->sem->name, entry->name};
         compare(key, l->count, l->checked_count);
+        if (search_link(l->syn, l->sem) != l->link) report("names another link: {}", text_of(key));
         key.what = What::word_context;
         check_parents(l->parents, key);
-    }
+    });
 }
 
 void Verifier::check_parents(const Parents &parents, Key key) {
     check_list(parents, key);
-    for (const ParentRecord *r = parents.first(); r && difference_.empty(); r = r->next) {
+    parents.for_each([&](const ParentRecord *r) {
         key.place = {r->syn->name, r->sem->name, r->dtr_nr, r->nr_of_dtrs};
         compare(key, r->count, r->checked_count);
-    }
+    });
 }
 
 // These counts exist only for categories that tags_above has been asked about.
@@ -248,13 +268,14 @@ void Verifier::check_category_contexts(const LabelEntry *entry) {
             const Place place{path.syn->name, sem->name, path.dtr_nr, path.nr_of_dtrs};
             compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count, count);
         }
-    for (const LabelLink *l = entry->links.first(); l; l = l->next)
-        for (const ParentRecord *r = l->parents.first(); r; r = r->next) {
-            if (r->checked_count == 0) continue;
+    entry->links.for_each([&](const LabelLink *l) {
+        l->parents.for_each([&](const ParentRecord *r) {
+            if (r->checked_count == 0) return;
             const auto path = entry->contexts->find(r->key().path());
             if (path == entry->contexts->end() || !path->second.contains(r->sem))
                 report("a context is missing: {}", text_of(entry_key(entry->name, entry->kind)));
-        }
+        });
+    });
 }
 
 template <class List>

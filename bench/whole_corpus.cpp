@@ -1,0 +1,133 @@
+// Times the work on one whole corpus, in this process: reading, label changes, checks, searching, saving.
+// Prints tab-separated lines: name, value. bench/run makes the corpora and compares.
+#include <sys/resource.h>
+#include <cstdio>
+#include <ctime>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "corpus/readtrees.hpp"
+#include "corpus/saving.hpp"
+#include "model/pattern.hpp"
+#include "model/traversal.hpp"
+#include "stats/changes.hpp"
+#include "stats/tables.hpp"
+
+namespace {
+
+using namespace brindle;
+
+// Counts this process's own seconds on a processor, so that others on the machine disturb as little as they
+// can.
+class Stopwatch {
+  public:
+    double seconds() const { return now() - start_; }
+
+  private:
+    static double now() {
+        std::timespec time = {};
+        clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    }
+    double start_ = now();
+};
+
+void print(const char *name, double value) {
+    std::printf("%s\t%.9g\n", name, value);
+    std::fflush(stdout);
+}
+
+// Bytes of memory of this process that no file backs.
+double anonymous_bytes() {
+    std::FILE *file = std::fopen("/proc/self/status", "r");
+    char line[256];
+    long kilobytes = 0;
+    while (file && std::fgets(line, sizeof line, file))
+        if (std::sscanf(line, "RssAnon: %ld", &kilobytes) == 1) break;
+    if (file) std::fclose(file);
+    return static_cast<double>(kilobytes) * 1024;
+}
+
+std::vector<Node *> all_nodes() {
+    std::vector<Node *> nodes;
+    for (const TreeEntry &tree : forest)
+        for_each_in_subtree(tree.root, [&](Node *node) { nodes.push_back(node); });
+    return nodes;
+}
+
+// Gives n random nodes a tag: three in four one that another random node has, else a new one.
+double seconds_of_label_changes(const std::vector<Node *> &nodes, int n) {
+    struct Change {
+        Node *node;
+        std::string tag;
+        bool checked;
+    };
+    std::mt19937_64 random(1);
+    const auto any_node = [&] { return nodes[random() % nodes.size()]; };
+    std::vector<Change> changes;
+    for (int i = 0; i < n; ++i) {
+        Node *node = any_node();
+        const Label *tag = any_node()->sem;
+        changes.push_back({node, tag && i % 4 ? std::string(tag->view()) : "new" + std::to_string(i % 1000),
+                           tree_of(node)->checked});
+    }
+    const Stopwatch watch;
+    for (const Change &change : changes) {
+        const TreeCheckedScope scope(change.checked);
+        new_label(change.node, change.tag, nullptr);
+    }
+    return watch.seconds();
+}
+
+double seconds_of_checks(int n) {
+    std::mt19937_64 random(2);
+    std::vector<int> trees;
+    for (int i = 0; i < n; ++i) trees.push_back(static_cast<int>(random() % forest.size()));
+    const Stopwatch watch;
+    for (const int t : trees) set_checked(t, !forest[static_cast<std::size_t>(t)].checked);
+    return watch.seconds();
+}
+
+double seconds_of_search() {
+    const Pattern pattern = Pattern::substring("NP", "a", std::nullopt);
+    const Stopwatch watch;
+    long found = 0;
+    for (const TreeEntry &tree : forest)
+        for (const Node *n = is_in_tree(pattern, tree.root, nullptr); n;
+             n = is_in_tree(pattern, tree.root, n))
+            ++found;
+    const double seconds = watch.seconds();
+    print("search_matches", static_cast<double>(found));
+    return seconds;
+}
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    if (argc != 2 && argc != 3) return std::fputs("usage: bench-corpus FILE [SAVE-TO]\n", stderr), 2;
+    const double before = anonymous_bytes();
+    const Stopwatch reading;
+    readcorpus(argv[1]);
+    print("read_seconds", reading.seconds());
+    const double bytes = anonymous_bytes() - before;
+    const std::vector<Node *> nodes = all_nodes();
+    const auto nr_of_nodes = static_cast<double>(nodes.size());
+    print("nodes", nr_of_nodes);
+    print("bytes_per_node", bytes / nr_of_nodes);
+    if (nodes.empty()) return 0;
+    constexpr int nr_of_changes = 200000;
+    print("new_label_seconds", seconds_of_label_changes(nodes, nr_of_changes) / nr_of_changes);
+    const int nr_of_checks = std::min(amount, 20000);
+    const double checks = seconds_of_checks(nr_of_checks);
+    print("check_seconds_per_node", checks * amount / nr_of_checks / nr_of_nodes);
+    print("search_seconds", seconds_of_search());
+    if (argc == 3) {
+        const Stopwatch saving;
+        const SaveResult result = write_corpus(argv[2]);
+        if (result.status != SaveStatus::saved) return std::fprintf(stderr, "%s\n", result.reason.c_str()), 1;
+        print("save_seconds", saving.seconds());
+    }
+    std::fflush(stdout);
+    _Exit(0);  // the system frees a million trees faster than we do
+}
