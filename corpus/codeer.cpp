@@ -38,7 +38,7 @@ struct TaggedProduction {
     const Production *production;
     const Label *tag;
     bool operator==(const TaggedProduction &) const = default;
-    std::size_t hash() const { return mix_hash(mix_hash(0, production), tag); }
+    std::size_t hash() const { return mix_hash(production, tag); }
 };
 
 // A tag that a word has in a category.
@@ -47,7 +47,7 @@ struct TaggedWord {
     const Label *syn;
     const Label *sem;
     bool operator==(const TaggedWord &) const = default;
-    std::size_t hash() const { return mix_hash(mix_hash(mix_hash(0, word), syn), sem); }
+    std::size_t hash() const { return mix_hash(word, syn, mix_hash(sem, nullptr)); }
 };
 
 struct WordCode {
