@@ -50,6 +50,7 @@ bool filter(FilterHost &host, const Options &options, TreeView &view, ShellFront
     int begun = 0;
     NodeRun::Hooks hooks;
     hooks.begin_tree = [&](int) { shell.progress(&view, ++begun, static_cast<int>(trees.size())); };
+    hooks.finish = [](int) {};
     hooks.send_query = [&](Node *node) { return send_query(filter_line(view, node->sem->view()), &view); };
     begin_batch();
     ROOT_ONLY = options.roots;
