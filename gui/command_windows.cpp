@@ -30,7 +30,7 @@ void set_window_everywhere(tk::Frame &frame, TreeWindow &tw) {
 }
 
 void fit_with_title(tk::CommandFrame &frame) {
-    constexpr int buttons = 110;  // what a window manager puts beside the title, generously
+    constexpr int buttons = 190;  // what a window manager puts beside the title, in whatever font
     frame.fit();
     const tk::Size size = frame.size();
     const int width = tk::default_font()->width(frame.title()) + buttons;

@@ -37,11 +37,15 @@ int ItemView::label_room() const {
 
 void ItemView::place(int left, int top, int row_height, int label_column) {
     const Size size = control_size();
-    const int height = std::max(size.h, px(look::CONTROL));
+    const int height = std::max(size.h, least_height());
     const int own_top = top_label() ? top : top + (row_height - height) / 2;
     resize(left, own_top, label_column + size.w, height);
     control_ = {left + label_column, own_top + (height - size.h) / 2, size.w, size.h};
     place_control(control_);
+}
+
+int ItemView::least_height() const {
+    return px(look::CONTROL);
 }
 
 Box ItemView::label_box() const {

@@ -28,6 +28,8 @@ class ItemView : public Fl_Group {
     void place(int left, int top, int row_height, int label_column);
     Box control_box() const { return control_; }
     virtual Box map_box() const { return control_; }  // what a test would click on
+    // How high the item is at least, whatever its control.
+    virtual int least_height() const;
     virtual bool top_label() const { return false; }  // the label is at the control's first line
 
     virtual std::string value_utf8() const { return {}; }

@@ -86,6 +86,7 @@ class MessageView : public ItemView {
     explicit MessageView(bool bold) : ItemView("message"), bold_(bold) {}
     int label_room() const override { return 0; }
     Size control_size() const override { return {text_width(label_utf8(), bold_), line_height()}; }
+    int least_height() const override { return 0; }  // lines stand close: none may paint over the one before
 
   protected:
     Box label_box() const override { return control_box(); }
