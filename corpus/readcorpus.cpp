@@ -67,7 +67,7 @@ void read_forest(std::string_view text, const std::string &name) {
     warn_of_high_bytes();
 }
 
-void readcorpus(const std::string &name) {
+void readcorpus(const std::string &name, bool show_progress) {
     struct stat status = {};
     if (stat(name.c_str(), &status) != 0) system_error_exit(name);
     const InputFile file(name);
@@ -78,7 +78,7 @@ void readcorpus(const std::string &name) {
     if (!file.ok()) error(fmt::sprintf("can't open %s ...", name));
     CORPUS_MOD_TIME = file.modified();
     try {
-        read_forest(file.text(), name);
+        read_forest(file.text(), show_progress ? name : std::string());
     } catch (const FormatError &fault) {
         error(fault.message);
     }

@@ -18,7 +18,7 @@ namespace {
 
 template <class... Values>
 [[noreturn]] void fail(const char *format, Values... values) {
-    throw FormatError{fmt::sprintf(format, values...)};
+    throw FormatError{fmt::sprintf(format, values...), lines};
 }
 
 // Bytes of the graphic character at p; 0 for a blank.

@@ -13,6 +13,7 @@ namespace brindle {
 
 struct FormatError {
     std::string message;
+    int line;  // where the reader stood
 };
 
 extern int lines;  // the line on which the reader stands, from 1; set by the reader, read by its messages
@@ -59,9 +60,9 @@ class TreeReader {
 void read_forest(std::string_view text, const std::string &name);
 
 // Reads the corpus file: empties forest and tables, sets forest, amount, CORPUS_MOD_TIME and lines. Any error
-// ends the program with its message and status 1. Shows a progress line on standard error when that is a
-// terminal.
-void readcorpus(const std::string &name);
+// ends the program with its message and status 1. Shows a progress line for a large corpus when standard
+// error is a terminal, unless told not to.
+void readcorpus(const std::string &name, bool show_progress = true);
 
 // Reads one node from the start of the text, as the syntax editor needs it, into the entry's root, under
 // TREE_CHECKED. Throws FormatError: check the text first (editor/).

@@ -11,10 +11,14 @@
 namespace brindle {
 namespace {
 
+// A longer line counts as several: marks are looked for at the start of each of its pieces.
+constexpr std::size_t longest_line = 255;
+
 // Takes the first line, with its newline, off the text.
 std::string_view take_line(std::string_view &text) {
-    const std::size_t newline = text.find('\n');
-    const std::string_view line = text.substr(0, newline == std::string_view::npos ? newline : newline + 1);
+    const std::string_view piece = text.substr(0, longest_line);
+    const std::size_t newline = piece.find('\n');
+    const std::string_view line = piece.substr(0, newline == std::string_view::npos ? newline : newline + 1);
     text.remove_prefix(line.size());
     return line;
 }

@@ -33,6 +33,16 @@ TEST(wordgraphs, a_short_file_tells_what_was_read) {
               "Unexpected end of file in word graph 2");
 }
 
+TEST(wordgraphs, a_long_line_is_read_in_pieces) {
+    Corpus corpus("( (S A/a) )\n");
+    const std::string piece(255, 'x');
+    ASSERT_EQ(
+        attach_wordgraphs(piece + "BEGIN_LATTICE" + piece + "END_LATTICE\n" + piece + "END_LATTICE tail\n"),
+        "");
+    EXPECT_EQ(*corpus.tree(0).wordgraph,
+              "\nBEGIN_LATTICE" + piece + "END_LATTICE\n" + piece + "END_LATTICE tail\n");
+}
+
 TEST(wordgraphs, lattices_of_any_length_travel_with_the_saved_tree) {
     Corpus corpus("( (S A/a) )\n");
     std::string arcs;
