@@ -13,6 +13,8 @@ void install_commands() {
     install_preferences(commands);
     install_tree_sizes(commands);
     install_information(commands);
+    install_selectors(commands);
+    install_search(commands);
     install_proposing(commands);
     install_batch_box(commands);
     install_batch_actions(commands);

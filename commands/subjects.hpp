@@ -12,6 +12,8 @@ void install_node_menu(Commands &table);      // "edit", "clear", "undo"
 void install_preferences(Commands &table);    // fonts, punctuation
 void install_tree_sizes(Commands &table);     // "Tree Size Controls"
 void install_information(Commands &table);    // the ADJUST button on a node
+void install_selectors(Commands &table);      // "select", "copy"
+void install_search(Commands &table);         // "Search & Replace"
 void install_proposing(Commands &table);      // "Propose"
 void install_batch_box(Commands &table);      // the choice of trees, "Batch", "Abort"
 void install_batch_actions(Commands &table);  // the actions that work in one go

@@ -140,7 +140,11 @@ std::optional<std::string> replace_at(const TreeEntry &tree, Node *node, const S
 }
 
 std::optional<ForestSearch::Match> ForestSearch::next() {
+    constexpr int trees_between_questions = 8192;
+    const int first = tree_;
     for (; tree_ < amount; ++tree_, start_ = nullptr) {
+        const bool asks = may_go_on_ && tree_ != first && (tree_ - first) % trees_between_questions == 0;
+        if (asks && !may_go_on_()) return std::nullopt;
         Node *found = next_match(pattern_, forest[static_cast<std::size_t>(tree_)].root, start_);
         if (!found) continue;
         start_ = found;

@@ -64,20 +64,23 @@ std::optional<std::string> replace_at(const TreeEntry &tree, Node *node, const S
 // nodes may not, but for those of trees not yet reached.
 class ForestSearch {
   public:
-    // Begins at the top of a tree (0-based).
-    ForestSearch(Pattern pattern, int first_tree) : pattern_(std::move(pattern)), tree_(first_tree) {}
+    // Begins at the top of a tree (0-based). `may_go_on` is asked now and then on a long way to a match;
+    // false ends the search.
+    ForestSearch(Pattern pattern, int first_tree, std::function<bool()> may_go_on = {})
+        : pattern_(std::move(pattern)), tree_(first_tree), may_go_on_(std::move(may_go_on)) {}
 
     struct Match {
         int tree;
         Node *node;
     };
-    // The next match after the one returned before; no value: there is none.
+    // The next match after the one returned before; no value: there is none, or the search was ended.
     std::optional<Match> next();
 
   private:
     Pattern pattern_;
     int tree_;
     const Node *start_ = nullptr;
+    std::function<bool()> may_go_on_;
 };
 
 }  // namespace brindle

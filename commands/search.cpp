@@ -1,0 +1,162 @@
+// "Search & Replace".
+#include "display/search.hpp"
+
+#include "commands/subjects.hpp"
+#include "display/layout.hpp"
+#include "gui/dialogs.hpp"
+#include "model/forest.hpp"
+#include "model/request.hpp"
+#include "toolkit/notifier.hpp"
+
+namespace brindle {
+
+namespace {
+
+// The answers of the notices at a match.
+enum Answer : int { GO_BACK = 1, STOP = 2, AGAIN = 3, NO = 5, YES = 115 };
+
+int ask_at(const Node *node, const char *text, std::vector<tk::NoticeButton> buttons, TreeWindow &tw,
+           std::vector<tk::NoticeTrigger> triggers = {}) {
+    tk::NoticeSpec spec;
+    spec.message = {text};
+    spec.buttons = std::move(buttons);
+    spec.triggers = std::move(triggers);
+    spec.escape_value = STOP;
+    spec.silent = true;
+    return notice_at_node(node, spec, tw);
+}
+
+int search_prompt(const Node *node, TreeWindow &tw) {
+    return ask_at(node, "Found", {{"Again", AGAIN}, {"Ok", STOP}, {"Go back", GO_BACK}}, tw);
+}
+
+int replace_prompt(const Node *node, TreeWindow &tw) {
+    return ask_at(node, "Replace?", {{"Yes", YES}, {"No", NO}, {"Cancel", STOP}}, tw, {{'n', NO}});
+}
+
+int again_prompt(const Node *node, TreeWindow &tw) {
+    return ask_at(node, "Search again?", {{"Yes", AGAIN}, {"No", STOP}, {"Go back", GO_BACK}}, tw);
+}
+
+LabelKind term_or_nonterm(const std::string &question, TreeWindow &tw) {
+    tk::NoticeSpec spec;
+    spec.place = tk::place_on(tw.search_box->panel());
+    spec.message = {question};
+    spec.buttons = {{"Terminal", static_cast<int>(LabelKind::TERM)},
+                    {"Non-terminal", static_cast<int>(LabelKind::NONTERM)}};
+    spec.silent = true;
+    return static_cast<LabelKind>(tk::notice_prompt(spec));
+}
+
+// One press of an action button, from its first tree to its end.
+class SearchCommand {
+  public:
+    SearchCommand(TreeWindow &tw, SearchAction action)
+        : tw_(tw),
+          action_(action),
+          request_{tw.search_syn->value(), tw.search_lex->value(), tw.search_sem->value(),
+                   tw.complete_labels->value()},
+          choice_(static_cast<ReplaceChoice>(tw.replace_choice->value())),
+          with_(tw.replace_with->value()),
+          prompts_(tw.prompt_at_replace->value()) {}
+
+    void run() {
+        work();
+        // A replacement without prompts shows nothing on its way; the window ends on the tree of the last
+        // one.
+        if (last_replaced_ >= 0 && open_window(&tw_)) show_nr(last_replaced_, tw_);
+    }
+
+  private:
+    void work() {
+        if (action_ != SearchAction::search && refused(cannot_replace(request_, choice_, with_))) return;
+        Addresses addresses = init_adresses(
+            request_, [this](const std::string &question) { return term_or_nonterm(question, tw_); });
+        for (const SearchMessage &message : addresses.messages)
+            prompt(*tw_.notice, message.text, message.silent);
+        if (!addresses.pattern) return;
+        const int shown_before = tw_.tree_number;
+        ForestSearch search(std::move(*addresses.pattern), tw_.start_here->value() ? shown_before : 0,
+                            [this] { return may_go_on(); });
+        while (const auto match = next(search)) {
+            const int answer = at_match(*match);
+            if (!open_window(&tw_)) return;
+            if (answer == GO_BACK) show_nr(shown_before, tw_);
+            if (answer == GO_BACK || answer == STOP) return;
+        }
+        if (!stopped_ && (action_ != SearchAction::replace_all || prompts_))
+            prompt(*tw_.notice, "Not found", true);
+    }
+
+    bool refused(const std::optional<std::string> &reason) {
+        if (reason) prompt(*tw_.notice, *reason, false);
+        return reason.has_value();
+    }
+
+    // The next match. A long way to it counts as a run of the window: its frames are busy, and Control-C ends
+    // it.
+    std::optional<ForestSearch::Match> next(ForestSearch &search) {
+        BATCH = true;
+        BATCH_TREE_GUI = &tw_;
+        auto match = search.next();
+        stopped_ = !BATCH;
+        BATCH = false;
+        if (busy_) all_frames_busy(*tw_.main_frame, busy_ = false);
+        return match;
+    }
+
+    bool may_go_on() {
+        if (!busy_) all_frames_busy(*tw_.main_frame, busy_ = true);
+        frontend->notify_dispatch();
+        return BATCH;
+    }
+
+    // Shows the match and does what the button asks for. Returns the answer that decides how to go on.
+    int at_match(const ForestSearch::Match &match) {
+        const bool silently = action_ == SearchAction::replace_all && !prompts_;
+        if (!silently) {
+            show_nr(match.tree, tw_);
+            make_visible(match.node->x, get_node_y(match.node, tw_), tw_);
+        }
+        if (action_ == SearchAction::search) return search_prompt(match.node, tw_);
+        int answer = prompts_ ? replace_prompt(match.node, tw_) : static_cast<int>(YES);
+        if (!open_window(&tw_)) return STOP;
+        if (answer == YES && !replace(match, silently)) return STOP;
+        if (action_ == SearchAction::replace && answer != STOP) answer = again_prompt(match.node, tw_);
+        return answer;
+    }
+
+    bool replace(const ForestSearch::Match &match, bool silently) {
+        const TreeEntry &tree = forest[static_cast<std::size_t>(match.tree)];
+        const auto reason = replace_at(tree, match.node, request_, choice_, with_, silently ? nullptr : &tw_);
+        if (silently) last_replaced_ = match.tree;
+        return !refused(reason);
+    }
+
+    TreeWindow &tw_;
+    SearchAction action_;
+    SearchRequest request_;
+    ReplaceChoice choice_;
+    std::string with_;
+    bool prompts_;
+    bool busy_ = false;
+    bool stopped_ = false;
+    int last_replaced_ = -1;
+};
+
+void search_win(TreeWindow &tw, tk::Button &button) {
+    position_frame_from_button(*tw.search_box, button, tw);
+}
+
+void search_node(TreeWindow &tw, tk::Button &button) {
+    SearchCommand(tw, static_cast<SearchAction>(number_of(button, Key::kind))).run();
+}
+
+}  // namespace
+
+void install_search(Commands &table) {
+    table.search_win = search_win;
+    table.search_node = search_node;
+}
+
+}  // namespace brindle
