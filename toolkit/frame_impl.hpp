@@ -48,7 +48,9 @@ struct Frame::Impl {
 
     // Gives panels, canvas and text window their places in the window.
     void lay_out();
-    Size fitted() const;  // px
+    Size fitted() const;      // px
+    Size least_size() const;  // px, that cuts no item
+    void grow();              // to the least size, if it has been shown and is smaller
     int footer_height() const;
     Box footer_box() const;
     Point origin() const;  // of the window on the screen, px

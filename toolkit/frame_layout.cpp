@@ -70,25 +70,37 @@ Size Frame::Impl::fitted() const {
     return {content.w, content.h + footer_height()};
 }
 
-void Frame::Impl::set_size_range() {
-    const bool content = canvas || text;
-    if (!resizable || !content) {
-        window->size_range(window->w(), window->h(), window->w(), window->h());
-        return;
-    }
-    int width = px(CONTENT_MIN);
-    int height = px(CONTENT_MIN) + footer_height();
+Size Frame::Impl::least_size() const {
+    const int content = canvas || text ? px(CONTENT_MIN) : 0;
+    Size least{content, content + footer_height()};
     for (std::size_t n = 0; n < panels.size(); ++n) {
         const Size wanted = panels[n]->impl().wanted();
         if (sides[n] == Side::top) {
-            width = std::max(width, wanted.w);
-            height += wanted.h;
+            least.w = std::max(least.w, wanted.w);
+            least.h += wanted.h;
         } else {
-            width += wanted.w;
-            height = std::max(height, wanted.h);
+            least.w += wanted.w;
+            least.h = std::max(least.h, wanted.h);
         }
     }
-    window->size_range(std::min(width, window->w()), std::min(height, window->h()));
+    return least;
+}
+
+void Frame::Impl::grow() {
+    const Size least = least_size();
+    if (!window->shown() || (window->w() >= least.w && window->h() >= least.h)) return;
+    window->size(std::max(window->w(), least.w), std::max(window->h(), least.h));
+    lay_out();
+    set_size_range();
+}
+
+void Frame::Impl::set_size_range() {
+    if (!resizable || (!canvas && !text)) {
+        window->size_range(window->w(), window->h(), window->w(), window->h());
+        return;
+    }
+    const Size least = least_size();
+    window->size_range(std::min(least.w, window->w()), std::min(least.h, window->h()));
 }
 
 void TopWindow::resize(int x, int y, int w, int h) {

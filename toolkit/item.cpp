@@ -32,6 +32,7 @@ void Item::set_label(std::string_view label) {
     if (shown == view_->label_utf8()) return;
     view_->set_label_utf8(std::move(shown));
     panel_.impl().lay_out();
+    frame().impl().grow();
 }
 
 bool Item::inactive() const {

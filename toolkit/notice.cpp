@@ -46,6 +46,7 @@ NoticeFrame::NoticeFrame(const NoticeSpec &spec)
     if (buttons_.empty()) buttons_.push_back({"Ok", 1});
     impl().window->border(0);
     impl().key_hook = [this](const Event &event) { return key(event); };
+    impl().on_close = [this](Frame &) { answer(escape_value()); };
     impl().draw_ground = [this](Box box) { draw_marks(box); };
     Panel &panel = add_panel();
     add_lines(panel);

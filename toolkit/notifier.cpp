@@ -11,6 +11,7 @@
 #include "toolkit/dispatch.hpp"
 #include "toolkit/display.hpp"
 #include "toolkit/frame_impl.hpp"
+#include "toolkit/text_window_impl.hpp"
 #include "toolkit/ui_map.hpp"
 
 namespace brindle::tk {
@@ -34,6 +35,7 @@ struct DepthScope {
 };
 
 void draw_due() {
+    flush_all_output();
     repaint_due_canvases();
     Fl::flush();
 }

@@ -3,6 +3,7 @@
 #include <FL/Fl.H>
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -65,17 +66,29 @@ Frame &TextWindow::frame() const {
     return *impl_->frame;
 }
 
+void TextWindow::Impl::flush_output() {
+    if (waiting.empty()) return;
+    const std::size_t whole = waiting.size() - unfinished_tail(waiting);
+    const std::string shown = to_display(std::string_view(waiting).substr(0, whole));
+    waiting.erase(0, whole);
+    if (!shown.empty()) editor.append_quietly(shown, MEGABYTE);
+}
+
+void flush_all_output() {
+    for (const Frame::Impl *frame : all_frames()) {
+        if (frame->text) frame->text->impl().flush_output();
+    }
+}
+
 void TextWindow::append(std::string_view text) {
-    std::string whole = std::exchange(impl_->unfinished, {});
-    whole += text;
-    std::erase(whole, '\0');  // FLTK's texts end there
-    const std::size_t tail = unfinished_tail(whole);
-    impl_->unfinished = whole.substr(whole.size() - tail);
-    whole.resize(whole.size() - tail);
-    if (!whole.empty()) impl_->editor.append_quietly(to_display(whole), MEGABYTE);
+    std::string &waiting = impl_->waiting;
+    std::ranges::copy_if(text, std::back_inserter(waiting),
+                         [](char c) { return c != '\0'; });  // ends FLTK's texts
+    if (waiting.size() > MEGABYTE) impl_->flush_output();
 }
 
 void TextWindow::insert(std::string_view text) {
+    impl_->flush_output();
     TextEditor &editor = impl_->editor;
     const std::string shown = to_display(text);
     const int at = editor.insert_position();
@@ -84,6 +97,7 @@ void TextWindow::insert(std::string_view text) {
 }
 
 std::string TextWindow::text() const {
+    impl_->flush_output();
     char *utf8 = impl_->editor.text_buffer().text();
     std::string text = from_display(utf8);
     std::free(utf8);
@@ -91,7 +105,7 @@ std::string TextWindow::text() const {
 }
 
 void TextWindow::set_text(std::string_view text) {
-    impl_->unfinished.clear();
+    impl_->waiting.clear();
     impl_->editor.load(to_display(text));
     impl_->modified = false;
 }
@@ -121,6 +135,7 @@ Colour TextWindow::background() const {
 }
 
 void TextWindow::goto_line(int line) {
+    impl_->flush_output();
     Fl_Text_Buffer &buffer = impl_->editor.text_buffer();
     impl_->editor.go_to(buffer.skip_lines(0, std::max(0, line - 1)));
 }

@@ -18,7 +18,11 @@ struct TextWindow::Impl {
     TextEditor editor;
     std::function<void(TextWindow &)> on_change;
     bool modified = false;
-    std::string unfinished;  // bytes of a character whose rest has not come yet
+    std::string
+        waiting;  // output that is not in the editor yet: FLTK counts all lines again after every change
+
+    // Puts the output that waits into the editor; bytes of a character whose rest has not come yet stay.
+    void flush_output();
 
     void attach(TextWindow &window, Fl_Group &top);
     void move_to(Box box);  // px
@@ -26,5 +30,8 @@ struct TextWindow::Impl {
     Fl_Widget *focus_target() { return &editor; }
     Box screen_box() const;
 };
+
+// Does so for all text windows; called before drawing.
+void flush_all_output();
 
 }  // namespace brindle::tk

@@ -270,6 +270,25 @@ void ask(Demo &demo) {
     demo.say(fmt::format("again {}", again));
 }
 
+// A message that no screen holds, from a button that grows, and much output.
+void ask_at_length(Demo &demo, tk::Button &button) {
+    button.set_label(
+        "A much longer label than the row has room for in a frame of this width, and longer still");
+    std::string message;
+    for (int n = 1; n <= 500; ++n) message += fmt::format("line {}\n", n);
+    const int answer = tk::notice_prompt({.place = place_at(button),
+                                          .message = {message},
+                                          .buttons = {},
+                                          .default_value = {},
+                                          .escape_value = {},
+                                          .triggers = {},
+                                          .silent = true});
+    for (int n = 1; n <= 30000; ++n) demo.say(fmt::format("output line {} of very many lines", n));
+    demo.output->append("caf\xC3");
+    demo.output->append("\xA9 \xFF\n");
+    demo.say(fmt::format("long {} {}", answer, demo.output->text().size() <= (1 << 20)));
+}
+
 void make_main(Demo &demo) {
     tk::Panel &panel = demo.main.add_panel();
     panel.add_button("Quit", tk::SAME_ROW, [](tk::Button &) { tk::notify_stop(); });
@@ -291,6 +310,7 @@ void make_main(Demo &demo) {
     open("Editor", tk::SAME_ROW, make_editor(demo));
     open("Batch", tk::SAME_ROW, make_batch(demo));
     panel.add_button("Ask", tk::new_row(8), [&demo](tk::Button &) { ask(demo); });
+    panel.add_button("Long", tk::SAME_ROW, [&demo](tk::Button &button) { ask_at_length(demo, button); });
     panel.add_button("Child", tk::SAME_ROW, [&demo](tk::Button &) { start_child(demo); });
     demo.output = &demo.main.add_text_window();
     demo.output->set_editable(false);

@@ -1,5 +1,6 @@
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -25,6 +26,7 @@ namespace {
 
 [[noreturn]] void run(const std::vector<std::string> &command, const std::vector<std::string> &environment,
                       const std::string &error_to) {
+    prctl(PR_SET_PDEATHSIG, SIGTERM);  // a test that is killed leaves nothing behind
     for (const std::string &setting : environment) putenv(const_cast<char *>(setting.c_str()));
     if (!error_to.empty()) {
         const int file = open(error_to.c_str(), O_CREAT | O_WRONLY | O_TRUNC, 0600);

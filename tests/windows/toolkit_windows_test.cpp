@@ -181,6 +181,36 @@ TEST_P(Windows, children_are_reaped_and_descriptors_read) {
     gui.key("Escape");
 }
 
+TEST_P(Windows, nothing_is_too_long) {
+    gui.press("Long");
+    const Area area = gui.wait_frame("Notice").area;
+    EXPECT_TRUE(area.y >= 0 && area.y + area.h <= 1000);
+    EXPECT_TRUE(gui.map().has_line("Notice", "line 1"));
+    const UiMap map = gui.map();
+    const ShownFrame main = *map.frame("Demo");
+    for (const ShownItem &item : map.items) {
+        if (item.frame == main.id)
+            EXPECT_LE(item.area.x + item.area.w, main.area.x + main.area.w) << item.label;
+    }
+    gui.press("Ok", "Notice");
+    expect_said("long 1 true");
+    expect_said("caf\u00e9 \U0010ffff");  // a byte that is no character has a sign of its own
+    expect_said("output line 30000 of very many lines");
+}
+
+TEST_P(Windows, command_frames_open_on_the_screen) {
+    Gui corner({TOOLKIT_DEMO, "-geometry", "400x400-0-0", "-title", "Corner"}, {GetParam(), {}, {}});
+    const Area main = corner.wait_frame("Corner").area;
+    EXPECT_GT(main.x, 700);
+    EXPECT_GT(main.y, 500);
+    for (const char *name : {"Selector", "Editor"}) {
+        corner.press(name);
+        const Area area = corner.wait_frame(name).area;
+        EXPECT_TRUE(area.x >= 0 && area.y >= 0 && area.x + area.w <= 1280 && area.y + area.h <= 1000) << name;
+        corner.press("Cancel", name);
+    }
+}
+
 TEST_P(Windows, an_editor_undoes_and_redoes_any_number_of_changes) {
     open("Editor", "Editor");
     const std::vector<std::string> start{"(S", "    (NP", "        DT/the))"};
