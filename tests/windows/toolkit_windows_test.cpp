@@ -189,8 +189,8 @@ TEST_P(Windows, nothing_is_too_long) {
     const UiMap map = gui.map();
     const ShownFrame main = *map.frame("Demo");
     for (const ShownItem &item : map.items) {
-        if (item.frame == main.id)
-            EXPECT_LE(item.area.x + item.area.w, main.area.x + main.area.w) << item.label;
+        if (item.frame != main.id) continue;
+        EXPECT_LE(item.area.x + item.area.w, main.area.x + main.area.w) << item.label;
     }
     gui.press("Ok", "Notice");
     expect_said("long 1 true");
