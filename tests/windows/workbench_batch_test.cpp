@@ -1,0 +1,82 @@
+// Proposing, batch runs and the syntax editor in windows.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "windows/workbench_driver.hpp"
+
+namespace brindle::windows {
+namespace {
+
+void picture(Workbench &w, const std::string &name) {
+    if (const char *folder = std::getenv("BRINDLE_PICTURES"))
+        w.gui().screenshot(std::string(folder) + "/" + name);
+}
+
+void open_batch_box(Workbench &w) {
+    w.gui().press("Batch");
+    w.gui().wait_frame("Batch processing");
+}
+
+TEST(workbench_batch, a_proposal_is_told_and_undone) {
+    Workbench w;
+    w.edit();
+    w.gui().press("Next");
+    w.gui().press("Propose");
+    w.answer("The annotation of the selected nodes");
+    EXPECT_EQ(w.tag("1.1"), "") << "Mary never has a tag herself";
+    EXPECT_EQ(w.tag("2.1"), "NO_MATCH");
+    w.choose_at("2.1", {"undo", "undo all edits", "on this tree"});
+    EXPECT_EQ(w.tag("2.1"), "");
+}
+
+TEST(workbench_batch, a_selection_is_counted_evaluated_and_undone) {
+    Workbench w;
+    w.edit();
+    open_batch_box(w);
+    picture(w, "batch.png");
+    EXPECT_EQ(w.gui().value("message", "2"), "");
+    w.gui().choose_option("Type of trees:", "Both");
+    w.gui().press("Propose and evaluate results");
+    w.gui().wait_frame("Save evaluation results in:");
+    w.gui().fill("File name:", "report", "Save evaluation results in:");
+    w.gui().key("Return");
+    w.wait_footer("");
+    w.gui().wait_until("the report", [&](const UiMap &) { return !w.file("report").empty(); });
+    EXPECT_NE(w.file("report").find("\nSize of training set: 2 trees"), std::string::npos);
+    EXPECT_NE(w.file("report").find("\ntrees: \t3 \n"), std::string::npos);
+    w.gui().press("Undo all edits on tree");
+    w.gui().press("Check tree");
+    w.gui().press("Write selection to file");
+    w.gui().wait_frame("Save corpus as");
+    w.gui().fill("File name:", "selection", "Save corpus as");
+    w.gui().key("Return");
+    w.wait_footer("Selection written to selection....");
+    EXPECT_EQ(w.file("selection").substr(0, 31), "\ntree #1\nitem #1\n\n*\n(\n (S|s(d1,");
+}
+
+TEST(workbench_batch, a_subtree_is_edited_as_text) {
+    Workbench w;
+    w.edit();
+    w.gui().click_node("2.2");
+    w.gui().click_node("2.2");
+    w.choose_at("2.2", {"edit syntax"});
+    w.gui().wait_frame("Syntax Editor");
+    picture(w, "editor.png");
+    w.gui().key("ctrl+a");
+    w.gui().type("(PP IN/under\n(NP DT/a NN|thing/chair)");
+    w.gui().press("Ok", "Syntax Editor");
+    w.answer("Unmatched '('");
+    w.gui().type(")");
+    w.gui().press("Ok", "Syntax Editor");
+    w.gui().wait_gone("Syntax Editor");
+    EXPECT_EQ(w.tag("2.2.2.2"), "thing");
+    EXPECT_EQ(w.gui().value("checkbox", "Check:"), "0");
+    w.gui().press("Save");
+    w.wait_footer("small.trees saved");
+    EXPECT_NE(w.file("small.trees").find("(PP IN/under\n            (NP DT/a NN|thing/chair))"),
+              std::string::npos);
+}
+
+}  // namespace
+}  // namespace brindle::windows
