@@ -6,6 +6,7 @@
 #include <fmt/printf.h>
 
 #include "commands/install.hpp"
+#include "commands/prolog_window.hpp"
 #include "corpus/readtrees.hpp"
 #include "gui/front_end.hpp"
 #include "gui/main_window.hpp"
@@ -71,6 +72,7 @@ int main(int argc, char **argv) {
     WindowFrontEnd windows(main_frame);
     frontend = &windows;
     create_main_window(main_frame);
+    start_prolog_in(main_frame);
     main_frame.show();
     tk::main_loop();
     frontend = silent_frontend();

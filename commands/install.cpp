@@ -19,6 +19,9 @@ void install_commands() {
     install_batch_box(commands);
     install_batch_actions(commands);
     install_node_runs(commands);
+    install_prolog_window(commands);
+    install_formulas(commands);
+    install_latex_export(commands);
     install_syntax_editor(commands);
 }
 

@@ -18,6 +18,9 @@ void install_proposing(Commands &table);      // "Propose"
 void install_batch_box(Commands &table);      // the choice of trees, "Batch", "Abort"
 void install_batch_actions(Commands &table);  // the actions that work in one go
 void install_node_runs(Commands &table);      // the actions that Prolog drives
+void install_prolog_window(Commands &table);  // the query field
+void install_formulas(Commands &table);       // "filter", "Evaluate subtree", expansions, the predicate
+void install_latex_export(Commands &table);   // "Export to LaTeX"
 void install_syntax_editor(Commands &table);  // "edit syntax"
 
 }  // namespace brindle

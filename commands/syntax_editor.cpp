@@ -51,6 +51,7 @@ struct ActiveFrame {
 std::vector<ActiveFrame> frames_on_nodes(const TreeWindow &tw) {
     return {{tw.syn_tag_editor, node_of(*tw.syn_tag_editor->panel().first_item())},
             {tw.tag_editor, node_of(*tw.tag_editor->panel().first_item())},
+            {tw.latexfile_requestor, node_of(*tw.latexfile_requestor)},
             {tw.lex_selector, node_of(*tw.lex_list)},
             {tw.cat_selector, node_of(*tw.cat_list)}};
 }

@@ -53,7 +53,7 @@ void create_main_window(tk::Frame &main_frame) {
     tk::Button &quit = panel.add_button(
         "Quit", {}, [&main_frame](tk::Button &button) { run(main_frame, commands.qt, button); });
     tk::TextField &query = panel.add_text_field(
-        "query:  ?-", {}, {.shown = 20, .stored = 1024},
+        "query:  ?-", {}, {.shown = 20, .stored = 1 << 20},
         [&main_frame](tk::TextField &field) { run(main_frame, commands.commando, field); });
     query.set_inactive(true);
     tk::Button &edit = panel.add_button(edit_label(CORPUS), {}, clone);
