@@ -51,14 +51,18 @@ std::string make_directory() {
 
 }  // namespace
 
-Workbench::Workbench(const std::string &corpus, const std::string &name, std::vector<std::string> options)
+Workbench::Workbench(const std::string &corpus, const std::string &name, std::vector<std::string> options,
+                     const std::string &prolog, const std::string &companion)
     : directory_(make_directory()), name_(name) {
     std::ofstream(path(name), std::ios::binary) << corpus;
     std::vector<std::string> command{BRINDLE_PROGRAM};
     command.insert(command.end(), options.begin(), options.end());
     command.push_back(name);
-    gui_ =
-        std::make_unique<Gui>(command, GuiOptions{true, {"LC_ALL=C.UTF-8", "BRINDLE_SCALE=1"}, directory_});
+    namespace fs = std::filesystem;
+    if (!companion.empty()) fs::copy_file(companion, path(fs::path(companion).filename()));
+    const std::vector<std::string> environment{"LC_ALL=C.UTF-8", "BRINDLE_SCALE=1",
+                                               "BRINDLE_PROLOG=" + prolog};
+    gui_ = std::make_unique<Gui>(command, GuiOptions{true, environment, directory_});
 }
 
 Workbench::~Workbench() {

@@ -12,9 +12,12 @@ extern const char *const small_corpus;
 
 class Workbench {
   public:
-    // Writes the corpus to the file `name` in a directory of its own and starts the workbench there.
+    // Writes the corpus to the file `name` in a directory of its own and starts the workbench there. The
+    // command of the Prolog child: "" for the one it finds by itself; `companion` is copied beside the
+    // corpus.
     explicit Workbench(const std::string &corpus = small_corpus, const std::string &name = "small.trees",
-                       std::vector<std::string> options = {});
+                       std::vector<std::string> options = {}, const std::string &prolog = "cat",
+                       const std::string &companion = {});
     ~Workbench();
 
     // Presses "Edit" and waits for the tree window.
