@@ -55,7 +55,11 @@ void WindowFrontEnd::all_frames_busy(TreeView *, bool busy) {
     brindle::all_frames_busy(main_frame_, busy);
 }
 
+// A run may ask between any two of a million trees; a person notices nothing below a few milliseconds.
 void WindowFrontEnd::notify_dispatch() {
+    const auto now = std::chrono::steady_clock::now();
+    if (now - dispatched_ < std::chrono::milliseconds(5)) return;
+    dispatched_ = now;
     tk::notify_dispatch();
     tk::flush_display();
 }

@@ -1,5 +1,7 @@
 #pragma once
 // The windows as the core sees them.
+#include <chrono>
+
 #include "model/frontend.hpp"
 
 namespace brindle::tk {
@@ -26,6 +28,7 @@ class WindowFrontEnd : public FrontEnd {
     tk::Frame &frame_of(TreeView *view);
 
     tk::Frame &main_frame_;
+    std::chrono::steady_clock::time_point dispatched_;
 };
 
 }  // namespace brindle
