@@ -1,9 +1,8 @@
 // The semantic tag editor.
-#include <fmt/printf.h>
-
 #include "gui/command_windows.hpp"
 #include "gui/dialogs.hpp"
 #include "model/forest.hpp"
+#include "model/label_rules.hpp"
 #include "model/limits.hpp"
 #include "stats/changes.hpp"
 
@@ -11,26 +10,14 @@ namespace brindle {
 
 namespace {
 
-// Why the text cannot be a tag; empty: it can.
-std::string refusal(const std::string &text) {
-    if (text.find(START_LEX_TAG) != std::string::npos)
-        return fmt::sprintf(
-            "You cannot use '%c' in a semantic tag; it is\n\033\n \t\t\t\tdefined as START_LEX_TAG in "
-            "conventions",
-            START_LEX_TAG);
-    if (text.size() >= MAXSEM) return "Label too long";
-    return {};
-}
-
 // Return in the field, or "Ok": the field's node gets the text as its tag.
 void set_tag(TreeWindow &tw, tk::TextField &field) {
     Node *node = node_of(field);
     const std::string text = field.value();
     dismiss(*tw.tag_editor);
     if (!node || text == text_of(node->sem)) return;
-    const std::string message = refusal(text);
-    if (!message.empty()) {
-        prompt_at_node(node, message, tw, false);
+    if (const auto reason = refuse_tag(text)) {
+        prompt_at_node(node, *reason, tw, false);
         return;
     }
     const TreeEntry *tree = tree_of(node);

@@ -55,7 +55,7 @@ TEST(workbench, trees_are_cleared_and_restored_as_a_whole) {
     EXPECT_EQ(w.gui().wait_exit(), 0) << "nothing is unsaved: nothing is asked";
 }
 
-TEST(workbench, a_slash_in_a_tag_is_refused_at_the_node) {
+TEST(workbench, a_tag_that_no_file_can_hold_is_refused_at_the_node) {
     Workbench w;
     w.edit();
     w.choose_at("2", {"edit"});
@@ -63,6 +63,9 @@ TEST(workbench, a_slash_in_a_tag_is_refused_at_the_node) {
     w.gui().fill("Semantic tag:", "a/b");
     w.gui().press("Ok");
     w.answer("You cannot use '/' in a semantic tag; it is");
+    EXPECT_EQ(w.tag("2"), "sleeps");
+    w.type_tag("2", "d1)(");
+    w.answer("Brackets in a semantic tag must balance");
     EXPECT_EQ(w.tag("2"), "sleeps");
     w.choose_at("2", {"edit"});
     EXPECT_EQ(w.gui().value("textfield", "Semantic tag:"), "sleeps");
