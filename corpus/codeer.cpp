@@ -41,15 +41,12 @@ struct TaggedProduction {
     std::size_t hash() const { return mix_hash(production, tag); }
 };
 
-// A tag that a word has in a category.
-struct TaggedWord {
-    const Label *word;
-    const Label *syn;
-    const Label *sem;
-    bool operator==(const TaggedWord &) const = default;
-    std::size_t hash() const { return mix_hash(word, syn, mix_hash(sem, nullptr)); }
+// The low bits of addresses are alike, so tables must not use them as they are.
+struct HashOfAddress {
+    std::size_t operator()(const void *record) const { return mix_hash(record, nullptr); }
 };
 
+// The code of a tag that a word has in a category.
 struct WordCode {
     std::int32_t index;  // among the tags of the word in this category
     bool used;           // its line stands in ".encoding"
@@ -76,14 +73,14 @@ struct EncodingRun::Tables {
     OutputFile encoding{".encoding"};
     std::unique_ptr<OutputFile> grammar;
 
-    tsl::robin_map<const Label *, std::string> tag_codes;
+    tsl::robin_map<const Label *, std::string, HashOfAddress> tag_codes;
 
     std::deque<Production> productions;                                // in order of first use
     tsl::robin_map<std::string_view, Production *> codes_table;        // by key, which lives in `productions`
     tsl::robin_map<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
     std::string key;                                                   // room for the one in hand
 
-    tsl::robin_map<TaggedWord, WordCode, HashOf> tagged_words;
+    tsl::robin_map<const LexLink *, WordCode, HashOfAddress> word_codes;
     tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
     TextBuffer lines{encoding};
@@ -146,7 +143,7 @@ std::string EncodingRun::codeer(const Node *node, int tree) {
 // The tags of a word are numbered all at once, for each category in the order of the word's list.
 void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
     std::vector<std::pair<const LabelEntry *, int>> few;  // how many tags of a category there have been
-    tsl::robin_map<const LabelEntry *, int> many;
+    tsl::robin_map<const LabelEntry *, int, HashOfAddress> many;
     const auto next_number = [&](const LabelEntry *syn) {
         constexpr std::size_t most_for_a_walk = 16;
         if (!many.empty()) return many[syn]++;
@@ -157,19 +154,15 @@ void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
         return 0;
     };
     for (const LexLink *link = word->links.first(); link; link = link->next)
-        if (link->sem->name)
-            tagged_words.try_emplace({word->name, link->syn->name, link->sem->name},
-                                     WordCode{next_number(link->syn), false});
+        if (link->sem->name) word_codes.try_emplace(link, WordCode{next_number(link->syn), false});
 }
 
 WordCode &EncodingRun::Tables::word_code_of(const Node *node) {
-    const TaggedWord tagged{node->lex, node->syn, node->sem};
-    const std::size_t hash_of_it = tagged.hash();
-    auto found = tagged_words.find(tagged, hash_of_it);
-    if (found == tagged_words.end()) {
+    auto found = word_codes.find(node->lexlink);
+    if (found == word_codes.end()) {
         number_tags_of(word_entry(node));
-        found = tagged_words.find(tagged, hash_of_it);
-        if (found == tagged_words.end()) fault_in_hashtable();
+        found = word_codes.find(node->lexlink);
+        if (found == word_codes.end()) fault_in_hashtable();
     }
     return found.value();
 }
