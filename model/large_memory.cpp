@@ -21,7 +21,7 @@ bool is_large(std::size_t bytes) {
 
 // A mapping that begins where a huge page may begin: one page too much is asked for, both ends are given
 // back.
-std::byte *map_aligned(std::size_t bytes) {
+std::byte *map_aligned(std::size_t bytes, Pages pages) {
     constexpr std::size_t page = LargeMemory::huge_page;
     void *mapped = mmap(nullptr, bytes + page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED) no_memory();
@@ -29,7 +29,7 @@ std::byte *map_aligned(std::size_t bytes) {
     const std::size_t before = (page - reinterpret_cast<std::uintptr_t>(start) % page) % page;
     if (before) munmap(start, before);
     munmap(start + before + bytes, page - before);
-    madvise(start + before, bytes, MADV_HUGEPAGE);
+    if (pages == Pages::huge) madvise(start + before, bytes, MADV_HUGEPAGE);
     return start + before;
 }
 
@@ -37,9 +37,10 @@ constexpr std::size_t small_page = 4096;
 
 }  // namespace
 
-LargeMemory::LargeMemory(std::size_t bytes) : size_((bytes + small_page - 1) / small_page * small_page) {
+LargeMemory::LargeMemory(std::size_t bytes, Pages pages)
+    : size_((bytes + small_page - 1) / small_page * small_page) {
     if (is_large(size_)) {
-        data_ = map_aligned(size_);
+        data_ = map_aligned(size_, pages);
     } else {
         void *piece = std::aligned_alloc(64, size_);
         if (!piece) no_memory();

@@ -1,16 +1,19 @@
 #pragma once
-// Memory in large pieces. A corpus is looked at in no order that memory could foresee, and on small pages
-// most of those looks would first wait for the page's address.
+// Memory in large pieces.
 #include <cstddef>
 
 namespace brindle {
 
-// One piece of zeroed memory, on huge pages where it is large enough and the system has them. Movable; frees
-// the piece when it goes. No memory left ends the program.
+// Which pages a large piece lies on. What is looked at in no foreseeable order belongs on huge ones: on small
+// pages most looks would first wait for the page's address. What is gone through in order does not need them,
+// and in a virtual machine fresh huge pages may cost more than they save.
+enum class Pages { small, huge };
+
+// One piece of zeroed memory. Movable; frees the piece when it goes. No memory left ends the program.
 class LargeMemory {
   public:
     LargeMemory() = default;
-    explicit LargeMemory(std::size_t bytes);
+    explicit LargeMemory(std::size_t bytes, Pages pages = Pages::huge);
     ~LargeMemory();
     LargeMemory(LargeMemory &&other) noexcept;
     LargeMemory &operator=(LargeMemory &&other) noexcept;

@@ -5,7 +5,7 @@
 namespace brindle {
 namespace {
 Pool<Node> &nodes() {
-    static Pool<Node> pool;
+    static Pool<Node> pool(Pages::small);
     return pool;
 }
 }  // namespace

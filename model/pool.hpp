@@ -16,6 +16,8 @@ class Pool {
     static_assert(std::is_trivially_destructible_v<T>);
 
   public:
+    explicit Pool(Pages pages = Pages::huge) : pages_(pages) {}
+
     // A new value-initialised record; the pool owns it.
     T *make() {
         Slot *slot = free_;
@@ -54,13 +56,14 @@ class Pool {
 
     // A pool that holds little takes little; one that grows takes whole huge pages.
     void add_block() {
-        const std::size_t size = std::clamp<std::size_t>(bytes_, 1 << 14, LargeMemory::huge_page);
-        const LargeMemory &block = blocks_.emplace_back(size);
+        const std::size_t size = std::clamp<std::size_t>(bytes_ / 4, 1 << 14, LargeMemory::huge_page);
+        const LargeMemory &block = blocks_.emplace_back(size, pages_);
         next_ = reinterpret_cast<Slot *>(block.data());
         end_ = next_ + block.size() / sizeof(Slot);
         bytes_ += block.size();
     }
 
+    Pages pages_;
     std::vector<LargeMemory> blocks_;
     Slot *free_ = nullptr;
     Slot *next_ = nullptr;  // the first slot of the last block that was never used
