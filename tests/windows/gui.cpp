@@ -252,6 +252,7 @@ void Gui::fill(const std::string &label, const std::string &text, const std::str
 }
 
 void Gui::type(const std::string &utf8) {
+    if (server_.prepare(utf8)) sync();
     server_.type(utf8);
     sync();
 }

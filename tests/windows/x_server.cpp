@@ -57,6 +57,20 @@ std::vector<Window> children_of(Display *display, Window window) {
     return found;
 }
 
+// The key symbols of a text.
+std::vector<XKeySymbol> symbols_of(const std::string &utf8) {
+    std::vector<XKeySymbol> symbols;
+    std::size_t n = 0;
+    while (n < utf8.size()) {
+        const auto lead = static_cast<unsigned char>(utf8[n++]);
+        const int more = lead < 0x80 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
+        unsigned long code = more == 0 ? lead : lead & (0x3FUL >> more);
+        for (int k = 0; k < more; ++k) code = (code << 6) | (static_cast<unsigned char>(utf8[n++]) & 0x3FUL);
+        symbols.push_back(code == '\n' ? XK_Return : code < 0x100 ? code : 0x1000000 | code);
+    }
+    return symbols;
+}
+
 bool manager_present(Display *display) {
     const Atom check = XInternAtom(display, "_NET_SUPPORTING_WM_CHECK", False);
     Atom type = None;
@@ -208,18 +222,16 @@ void XServer::key(const std::string &name) {
     key_symbol(symbol, modifiers);
 }
 
-void XServer::type(const std::string &utf8) {
-    std::size_t n = 0;
-    while (n < utf8.size()) {
-        const auto lead = static_cast<unsigned char>(utf8[n]);
-        const int more = lead < 0x80 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-        unsigned long code = more == 0 ? lead : lead & (0x3FUL >> more);
-        for (int k = 1; k <= more; ++k) {
-            code = (code << 6) | (static_cast<unsigned char>(utf8[n + static_cast<std::size_t>(k)]) & 0x3FUL);
-        }
-        n += static_cast<std::size_t>(more) + 1;
-        key_symbol(code == '\n' ? XK_Return : code < 0x100 ? code : 0x1000000 | code, {});
+bool XServer::prepare(const std::string &utf8) {
+    const std::size_t before = spare_keys_.size();
+    for (const XKeySymbol symbol : symbols_of(utf8)) {
+        if (!XKeysymToKeycode(display_, symbol)) spare_key(symbol);
     }
+    return spare_keys_.size() > before;
+}
+
+void XServer::type(const std::string &utf8) {
+    for (const XKeySymbol symbol : symbols_of(utf8)) key_symbol(symbol, {});
 }
 
 Window XServer::window_titled(const std::string &title) const {

@@ -62,6 +62,9 @@ class XServer {
     // A key by name ("Return", "a"), with modifiers before it ("ctrl+shift+u", "alt+x").
     void key(const std::string &name);
     void type(const std::string &utf8);
+    // Gives keys to the characters that have none; programs have to learn of that before they are typed.
+    // Result: there were some.
+    bool prepare(const std::string &utf8);
     // The window with that title, by walking the tree; 0: there is none.
     XWindow window_titled(const std::string &title) const;
     // Waits until the window of that title has the keyboard; false: it has not got it.
