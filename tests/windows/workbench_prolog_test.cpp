@@ -145,6 +145,21 @@ TEST_F(WorkbenchProlog, asks_nothing_while_an_answer_is_awaited) {
     EXPECT_EQ(w->tag("."), "app(d1,d2)");
 }
 
+TEST_F(WorkbenchProlog, drives_batch_runs_on_the_roots) {
+    edit_whole_tree();
+    set_predicate("reply");
+    gui().press("Batch");
+    gui().wait_frame("Batch processing");
+    w->type_into_slider("To:    ", "2");
+    gui().key("Return");
+    gui().press("Expand all nodes");
+    gui().press("Let prolog evaluate root-nodes");
+    w->answer("train Paris-Lyon 08:10, 75 euros");
+    w->answer("flight London-Oslo 19:00, 88 euros");
+    wait_ready();
+    EXPECT_TRUE(gui().active("button", "Let prolog evaluate root-nodes"));
+}
+
 TEST_F(WorkbenchProlog, exports_to_latex) {
     edit_whole_tree();
     const auto export_to = [&](const std::string &name) {
