@@ -5,6 +5,7 @@
 #include <FL/fl_draw.H>
 
 #include <algorithm>
+#include <list>
 
 #include "toolkit/font_impl.hpp"
 #include "toolkit/scale.hpp"
@@ -30,8 +31,8 @@ void parse_colour(const std::string &name, Colour &colour) {
 
 // FLTK keeps the pointer to a font's name, so it has to live for good.
 void set_face(Fl_Font font, char style, const std::string &family) {
-    auto *name = new std::string(style + family);
-    Fl::set_font(font, name->c_str());
+    static std::list<std::string> names;
+    Fl::set_font(font, names.emplace_back(style + family).c_str());
 }
 
 std::string label_family() {
