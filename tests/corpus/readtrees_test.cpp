@@ -56,6 +56,20 @@ TEST(reader, one_node_trees) {
         EXPECT_EQ(trees_of(text), "(S)\n") << text;
 }
 
+TEST(reader, blanks_of_every_kind) {
+    using namespace std::string_literals;
+    EXPECT_EQ(trees_of("(\t(S\0A|t\0/w\v(NP\rB/b\f)\x7f) )\0"s), "(S (A|t) (/w) (NP B/b))\n");
+    EXPECT_EQ(trees_of("* tree 1\r\n\r\n( (S\r\n A/a\r\n ) )\r\n"), "*(S A/a)\n");
+    EXPECT_EQ(trees_of("( (S A/a) )\n" + std::string(10'000'000, '#')), "(S A/a)\n");
+    EXPECT_EQ(trees_of(std::string(1'000'000, '\n') + "*( (S A/a) )"), "*(S A/a)\n");
+    EXPECT_EQ(lines, 1'000'001);
+}
+
+TEST(reader, a_bare_node_may_begin_with_a_mark) {
+    EXPECT_EQ(trees_of("( (S |a|b/w /c/d|t) )"), "(S |a|b/w (/c/d|t))\n");
+    EXPECT_EQ(trees_of("( |f(x) )\n( /x )"), "(|f(x))\n(/x)\n");
+}
+
 TEST(reader, every_format_error_names_its_line) {
     const std::string long_category(128, 'c'), long_tag(1024, 't');
     const struct {
@@ -82,6 +96,16 @@ TEST(reader, every_format_error_names_its_line) {
     EXPECT_EQ(fault_of("( (S " + long_category.substr(1) + "|" + long_tag.substr(1) + "/" +
                        long_category.substr(1) + ") )"),
               "");
+}
+
+TEST(reader, an_error_carries_the_line_as_a_number) {
+    try {
+        read_forest("( (S A/a) )\n\n( (S\nA|) )\n", "");
+        ADD_FAILURE() << "no error";
+    } catch (const FormatError &fault) {
+        EXPECT_EQ(fault.line, 4);
+    }
+    test::reset_all();
 }
 
 TEST(reader, a_tree_that_ends_in_the_middle) {
