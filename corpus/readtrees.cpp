@@ -173,12 +173,14 @@ bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother, bo
             ++p_;
             if (has_tag) fail("Two semantic tags on one node, line %d", lines);
             has_tag = true;
-            labels_.emplace_back(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1), &node->sem);
+            room_->labels.emplace_back(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1),
+                                       &node->sem);
         } else if (c == START_LEX_TAG) {
             ++p_;
             if (has_word) fail("Two lexical items on one node, line %d", lines);
             has_word = true;
-            labels_.emplace_back(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1), &node->lex);
+            room_->labels.emplace_back(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1),
+                                       &node->lex);
         } else if (c == ')') {
             ++p_;
             closes_mother = !bracketed;
@@ -221,11 +223,10 @@ Node *TreeReader::read_tree() {
     Node *left = nullptr;    // its left sister
     bool mother_has_word = false;
     bool finished = false;
-    labels_.clear();
-    nodes_.clear();
+    room_ = bulk_ ? &bulk_->room() : &(own_room_ = {});
     // A node and all below it have been read: goes on with its next sister, or ends with the root.
     const auto close = [&](Node *node) {
-        nodes_.push_back(node);
+        room_->nodes.push_back(node);
         mother_has_word = false;
         finished = node == root;
         mother = node->mother;
@@ -243,7 +244,7 @@ Node *TreeReader::read_tree() {
         Node *node = mother ? add_daughter(mother, left) : root;
         const bool bracketed = *p_ == '(';
         if (bracketed) ++p_;
-        labels_.emplace_back(category(bracketed), &node->syn);
+        room_->labels.emplace_back(category(bracketed), &node->syn);
         bool closes_mother = false, has_word = false;
         if (!annotations(node, bracketed, closes_mother, has_word)) {
             mother = node;
@@ -254,12 +255,15 @@ Node *TreeReader::read_tree() {
         close(node);
         if (closes_mother && mother) close(mother);
     }
-    intern(labels_);
-    if (bulk_)
-        bulk_->store_tree(root, nodes_);
-    else
-        store_tree(root, nodes_);
     unfinished.root = nullptr;
+    room_->root = root;
+    room_->checked = TREE_CHECKED;
+    if (bulk_) {
+        bulk_->store();
+    } else {
+        intern(room_->labels);
+        store_tree(root, room_->nodes);
+    }
     return root;
 }
 

@@ -50,9 +50,8 @@ class TreeReader {
     const char *p_;
     const char *end_;
     BulkStoring *bulk_;
-    // Of the tree that is read: its labels, and its nodes in the order in which they are to be stored.
-    std::vector<Unnamed> labels_;
-    std::vector<Node *> nodes_;
+    ReadTree own_room_;            // where a tree is read without `bulk`
+    ReadTree *room_ = &own_room_;  // where the present tree is read
 };
 
 // Reads a whole corpus from a text into an empty forest and empty tables. Sets amount and lines. Throws

@@ -114,13 +114,11 @@ Unnamed::Unnamed(std::string_view t, Label **p) : text(t), place(p), hash(index_
 }
 
 void intern(std::span<const Unnamed> texts) {
-    constexpr std::size_t at_once = 64;
-    while (!texts.empty()) {
-        const auto some = texts.first(std::min(texts.size(), at_once));
-        for (const Unnamed &unnamed : some) labels().prefetch_record(unnamed.hash);
-        for (const Unnamed &unnamed : some) *unnamed.place = intern(unnamed.text, unnamed.hash);
-        texts = texts.subspan(some.size());
-    }
+    for (const Unnamed &unnamed : texts) *unnamed.place = intern(unnamed.text, unnamed.hash);
+}
+
+void prefetch(std::span<const Unnamed> texts) {
+    for (const Unnamed &unnamed : texts) labels().prefetch_record(unnamed.hash);
 }
 
 Label *find_label(std::string_view text) {

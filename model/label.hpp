@@ -55,8 +55,11 @@ struct Unnamed {
     std::uint32_t hash;
 };
 
-// Interns many texts at once, in their order: the waits for memory overlap.
+// Interns the texts in their order.
 void intern(std::span<const Unnamed> texts);
+
+// Asks memory for what interning these texts will look at; some time before it.
+void prefetch(std::span<const Unnamed> texts);
 
 // The record of a text if it has one, else null. Makes nothing.
 Label *find_label(std::string_view text);

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <utility>
 
+#include "model/fetch_ahead.hpp"
 #include "model/large_memory.hpp"
 
 namespace brindle {
@@ -48,13 +49,13 @@ class RecordIndex {
 
     // Ask memory for what find will look at: first the slot, some time later the record that it names.
     void prefetch_slot(std::uint32_t hash) const {
-        if (size_ != 0) __builtin_prefetch(&slots_[home(hash)]);
+        if (size_ != 0) fetch_ahead(&slots_[home(hash)]);
     }
     void prefetch_record(std::uint32_t hash) const {
         if (size_ == 0) return;
         std::size_t at = home(hash);
         while (slots_[at].record && slots_[at].hash != hash) at = after(at);
-        __builtin_prefetch(slots_[at].record);
+        fetch_ahead(slots_[at].record);
     }
 
     void clear() { *this = {}; }

@@ -30,8 +30,8 @@ class Changes {
 
     void prepare(std::span<Node *const> nodes) {
         for (const Node *node : nodes) {
-            __builtin_prefetch(node->link);
-            __builtin_prefetch(node->lexlink);
+            fetch_ahead(node->link);
+            fetch_ahead(node->lexlink);
         }
         for (const Node *node : nodes) {
             if (!node->mother) continue;

@@ -111,7 +111,7 @@ class RankedList {
     // Ask memory for what a find with this hash will look at; the second some time after the first.
     void prefetch(std::uint32_t hash) const {
         if (length_ == 1)
-            __builtin_prefetch(first_);
+            fetch_ahead(first_);
         else
             index_.prefetch_slot(hash);
     }
