@@ -45,22 +45,23 @@ bool is_comment_line(const char *p, const char *end) {
 }  // namespace
 
 int trees(std::string_view text) {
-    const char *const end = text.data() + text.size();
+    const char *p = text.data(), *const end = p + text.size();
     int count = 0, depth = 0, start_line = 1;
-    bool at_line_start = true;
     lines = 1;
-    for (const char *p = text.data(); p != end;) {
-        if (at_line_start && depth == 0 && is_comment_line(p, end)) {
+    const auto skip_comments = [&] {
+        while (depth == 0 && p != end && is_comment_line(p, end)) {
             p = past_line(p, end);
-            if (p[-1] == '\n') ++lines;
-            continue;
+            lines += p[-1] == '\n';
         }
+    };
+    skip_comments();
+    while (p != end) {
         const char c = *p++;
-        at_line_start = c == '\n';
-        if (c == '\n') {
-            ++lines;
-        } else if (c == '(') {
+        if (c == '(') {
             if (depth++ == 0) start_line = lines;
+        } else if (c == '\n') {
+            ++lines;
+            skip_comments();
         } else if (c == ')') {
             if (--depth == 0) ++count;
             if (depth < 0)

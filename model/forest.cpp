@@ -14,14 +14,24 @@ int MODIFIED = 0;
 bool TREE_CHECKED = false;
 
 namespace {
-tsl::robin_map<const Node *, int> &tree_numbers() {
-    static tsl::robin_map<const Node *, int> numbers;
+struct RootHash {
+    std::size_t operator()(const Node *root) const {
+        const std::uint64_t h = reinterpret_cast<std::uintptr_t>(root) * 0x9e3779b97f4a7c15u;
+        return h ^ (h >> 32);
+    }
+};
+
+using TreeNumbers = tsl::robin_map<const Node *, int, RootHash>;
+TreeNumbers &tree_numbers() {
+    static TreeNumbers numbers;
     return numbers;
 }
 }  // namespace
 
 void register_root(const Node *root, int tree) {
-    tree_numbers()[root] = tree;
+    auto &numbers = tree_numbers();
+    if (numbers.empty()) numbers.reserve(forest.size());
+    numbers[root] = tree;
 }
 
 void forget_root(const Node *root) {

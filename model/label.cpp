@@ -50,7 +50,7 @@ LabelArena &arena() {
 }
 
 // Eight bytes, or the first of them, as a number.
-std::uint64_t bytes_at(const char *p, std::size_t n) {
+inline std::uint64_t bytes_at(const char *p, std::size_t n) {
     std::uint64_t number = 0;
     std::memcpy(&number, p, n);
     return number;
@@ -73,8 +73,19 @@ std::uint32_t index_hash(std::string_view text) {
     return static_cast<std::uint32_t>(h >> 32);
 }
 
+// Whether two texts of the same length are equal; labels are too short for a call to be worth it.
+bool same_bytes(const char *a, const char *b, std::size_t n) {
+    if (n < 4) return n == 0 || (a[0] == b[0] && a[n / 2] == b[n / 2] && a[n - 1] == b[n - 1]);
+    if (n < 8) return bytes_at(a, 4) == bytes_at(b, 4) && bytes_at(a + n - 4, 4) == bytes_at(b + n - 4, 4);
+    for (std::size_t i = 0; i + 8 < n; i += 8)
+        if (bytes_at(a + i, 8) != bytes_at(b + i, 8)) return false;
+    return bytes_at(a + n - 8, 8) == bytes_at(b + n - 8, 8);
+}
+
 Label *find(std::string_view text, std::uint32_t h) {
-    return labels().find(h, [text](const Label *label) { return label->view() == text; });
+    return labels().find(h, [text](const Label *label) {
+        return label->size == text.size() && same_bytes(label->text(), text.data(), text.size());
+    });
 }
 
 }  // namespace

@@ -19,17 +19,22 @@ bool is_large(std::size_t bytes) {
     system_error_exit("Calloc error in newarray()");
 }
 
+std::byte *map(std::size_t bytes, int flags) {
+    flags |= MAP_PRIVATE | MAP_ANONYMOUS;
+    void *mapped = mmap(nullptr, bytes, PROT_READ | PROT_WRITE, flags, -1, 0);
+    if (mapped == MAP_FAILED) no_memory();
+    return static_cast<std::byte *>(mapped);
+}
+
 // A mapping that begins where a huge page may begin: one page too much is asked for, both ends are given
 // back.
-std::byte *map_aligned(std::size_t bytes, Pages pages) {
+std::byte *map_huge(std::size_t bytes) {
     constexpr std::size_t page = LargeMemory::huge_page;
-    void *mapped = mmap(nullptr, bytes + page, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    if (mapped == MAP_FAILED) no_memory();
-    auto *const start = static_cast<std::byte *>(mapped);
+    std::byte *const start = map(bytes + page, 0);
     const std::size_t before = (page - reinterpret_cast<std::uintptr_t>(start) % page) % page;
     if (before) munmap(start, before);
     munmap(start + before + bytes, page - before);
-    if (pages == Pages::huge) madvise(start + before, bytes, MADV_HUGEPAGE);
+    madvise(start + before, bytes, MADV_HUGEPAGE);
     return start + before;
 }
 
@@ -40,7 +45,8 @@ constexpr std::size_t small_page = 4096;
 LargeMemory::LargeMemory(std::size_t bytes, Pages pages)
     : size_((bytes + small_page - 1) / small_page * small_page) {
     if (is_large(size_)) {
-        data_ = map_aligned(size_, pages);
+        // Small pages are all made at once, which costs less than one after another on their first use.
+        data_ = pages == Pages::huge ? map_huge(size_) : map(size_, MAP_POPULATE);
     } else {
         void *piece = std::aligned_alloc(64, size_);
         if (!piece) no_memory();

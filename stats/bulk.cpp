@@ -1,5 +1,6 @@
 #include "stats/bulk.hpp"
 
+#include "model/fetch_ahead.hpp"
 #include "model/traversal.hpp"
 #include "stats/contexts.hpp"
 #include "stats/pools.hpp"
@@ -122,27 +123,45 @@ void BulkStoring::fetch_contexts(Tree &tree) {
 void BulkStoring::record(Tree &tree) {
     for (const Place &place : tree.places) {
         ParentRecord *record = place.parents->find(place.context, place.hash);
-        if (!record) record = new_context(place.node, place.context);
+        if (!record) {
+            record = place.parents->add(place.context, parent_records);
+            if (place.node->lexlink) contexts_.push_back({record, place.node->link});
+        }
         place.parents->count_one_more(record, tree.checked);
     }
     tree.root = nullptr;
 }
 
-ParentRecord *BulkStoring::new_context(Node *node, const Context &context) {
-    if (!node->lexlink) return node->link->parents.add(context, parent_records);
-    ParentRecord *of_word = node->lexlink->parents.add(context, parent_records);
-    ParentRecord *of_category = node->link->parents.find(context);
-    if (!of_category) of_category = node->link->parents.add(context, parent_records);
-    contexts_.push_back({of_word, of_category});
-    return of_word;
+// Four stages again, each some elements ahead of the next.
+void BulkStoring::add_up_contexts() {
+    const std::size_t n = contexts_.size();
+    const auto parents_of = [this](std::size_t i) -> Parents & { return contexts_[i].link->parents; };
+    std::array<std::uint32_t, 4 * sums_ahead> hashes;
+    const auto hash_of = [&](std::size_t i) -> std::uint32_t & { return hashes[i % hashes.size()]; };
+    for (std::size_t i = 0; i < n + 3 * sums_ahead; ++i) {
+        if (i < n) {
+            fetch_ahead(contexts_[i].record);
+            fetch_ahead(contexts_[i].link);
+        }
+        if (const std::size_t second = i - sums_ahead; second < n) {
+            hash_of(second) = parents_of(second).hash(contexts_[second].record->key());
+            parents_of(second).prefetch(hash_of(second));
+        }
+        if (const std::size_t third = i - 2 * sums_ahead; third < n)
+            parents_of(third).prefetch_element(hash_of(third));
+        if (const std::size_t last = i - 3 * sums_ahead; last < n) {
+            const ParentRecord &of_word = *contexts_[last].record;
+            ParentRecord *record = parents_of(last).find(of_word.key(), hash_of(last));
+            if (!record) record = parents_of(last).add(of_word.key(), parent_records);
+            record->add_counts(of_word);
+        }
+    }
 }
 
 BulkStoring::~BulkStoring() {
     room();
     for (std::size_t i = 0; i < nr_of_stages; ++i) store();
-    for_each_fetched(
-        contexts_, [](const ContextSum &sum) { return sum.of_category; },
-        [](const ContextSum &sum) { sum.of_category->add_counts(*sum.of_word); });
+    add_up_contexts();
     for_each_fetched(
         lexlinks_, [](const LexLink *lexlink) { return lexlink->link; },
         [](const LexLink *lexlink) { lexlink->link->add_counts(*lexlink); });

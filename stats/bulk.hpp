@@ -60,9 +60,10 @@ class BulkStoring {
         std::vector<Seeker> seekers;  // of the nodes
         std::vector<Place> places;    // in the order of do_with
     };
-    struct ContextSum {
-        const ParentRecord *of_word;
-        ParentRecord *of_category;
+    // A context of a word, and the link of its category and tag, which has the context too.
+    struct WordContext {
+        const ParentRecord *record;
+        LabelLink *link;
     };
 
     // The stages.
@@ -77,13 +78,13 @@ class BulkStoring {
 
     void advance();
     void count(Node *node, const Seeker &seeker, bool checked);
-    ParentRecord *new_context(Node *node, const Context &context);
+    void add_up_contexts();
 
     std::array<Tree, nr_of_stages + 1> trees_;  // those at the stages, and the room: the youngest
     std::size_t youngest_ = 0;
-    std::vector<LabelLink *> pairs_;    // all links of categories
-    std::vector<LexLink *> lexlinks_;   // all links of words
-    std::vector<ContextSum> contexts_;  // all contexts of words
+    std::vector<LabelLink *> pairs_;     // all links of categories
+    std::vector<LexLink *> lexlinks_;    // all links of words
+    std::vector<WordContext> contexts_;  // all contexts of words, in the order in which they first occurred
 };
 
 }  // namespace brindle

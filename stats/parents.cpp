@@ -40,12 +40,13 @@ void lower_in(PathTags &path, LabelEntry *sem) {
 
 void Parents::count_one_more(ParentRecord *record, bool checked) {
     list_.count_one_more(record, checked);
-    if (checked && paths_) raise_in((*paths_)[record->key().path()], record->sem);
+    if (checked && list_.is_ordered() && paths_) raise_in((*paths_)[record->key().path()], record->sem);
 }
 
 void Parents::count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool) {
     if (checked && paths_) lower_in((*paths_)[record->key().path()], record->sem);
     list_.count_one_less(record, checked, pool);
+    if (list_.length() == 0) drop_paths();
 }
 
 void Parents::raise(ParentRecord *record) {

@@ -114,11 +114,11 @@ class Parents {
     Paths *new_paths() const;
 
     RankedList<ParentRecord> list_;
-    Paths *paths_ = nullptr;
+    Paths *paths_ = nullptr;  // only of a list that is ordered
 };
 
-// The mothers' tags that the nodes of one category, whatever their own tags, occur with on each path in checked
-// trees, and how often.
+// The mothers' tags that the nodes of one category, whatever their own tags, occur with on each path in
+// checked trees, and how often.
 using TagCounts = tsl::robin_map<LabelEntry *, std::int32_t>;
 using CategoryContexts = tsl::robin_map<Path, TagCounts, HashOf>;
 

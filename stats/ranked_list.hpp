@@ -79,7 +79,7 @@ class RankedList {
 
     // The element seen most often in checked trees; its successors follow by `next`. Null: the list is empty.
     T *first() const {
-        if (!lowest_ && length_ > 1) const_cast<RankedList *>(this)->order();
+        if (!is_ordered_ && length_ > 1) const_cast<RankedList *>(this)->order();
         return first_;
     }
 
@@ -93,6 +93,8 @@ class RankedList {
     }
 
     std::int32_t length() const { return length_; }
+    // Whether the list has been asked for its order.
+    bool is_ordered() const { return is_ordered_; }
 
     // The element with this key, or null. A list of one needs no index.
     T *find(const Key &key) const { return find(key, hash(key)); }
@@ -185,12 +187,12 @@ class RankedList {
     inline static Pool<Group> groups_;
 
     T *first_ = nullptr;
-    Group *lowest_ = nullptr;  // the last group; null: nobody has asked for the order yet
     std::int32_t length_ = 0;
+    bool is_ordered_ = false;  // somebody has asked for the order since the list was last empty
+    Group *lowest_ = nullptr;  // the last group, when the list is ordered
 };
 
-// A new element comes last. Before the list is in order it stands behind the first, which stays first: it is
-// the oldest and so the likeliest to be looked for.
+// A new element comes last in an ordered list; in another it may stand anywhere.
 template <class T>
 T *RankedList<T>::add(const Key &key, Pool<T> &pool) {
     T *element = pool.make();
@@ -199,11 +201,11 @@ T *RankedList<T>::add(const Key &key, Pool<T> &pool) {
     if (length_ == 1) index_.insert(first_, hash(first_->key()));
     if (length_ >= 1) index_.insert(element, hash(key));
     ++length_;
-    if (lowest_) {
+    if (is_ordered_) {
         join_end(element);
     } else {
         element->stamp_ = ++RankStamps::latest;
-        link_between(first_, element, first_ ? first_->next : nullptr);
+        link_between(nullptr, element, first_);
     }
     return element;
 }
@@ -211,9 +213,10 @@ T *RankedList<T>::add(const Key &key, Pool<T> &pool) {
 template <class T>
 void RankedList<T>::remove(T *element) {
     if (length_ >= 2) index_.erase(element, hash(element->key()));
-    if (lowest_) leave_group(element);
+    if (is_ordered_) leave_group(element);
     unlink(element);
     if (--length_ == 1) index_.erase(first_, hash(first_->key()));
+    if (length_ == 0) is_ordered_ = false;
 }
 
 template <class T>
@@ -223,13 +226,14 @@ void RankedList<T>::order() {
     for_each([&](T *element) { elements.push_back(element); });
     std::sort(elements.begin(), elements.end(), ranks_before);
     first_ = nullptr;
+    is_ordered_ = true;
     for (T *element : elements) join_end(element);
 }
 
 template <class T>
 void RankedList<T>::raise(T *element) {
     ++element->checked_count;
-    if (!lowest_) {
+    if (!is_ordered_) {
         element->stamp_ = ++RankStamps::latest;
         return;
     }
@@ -256,7 +260,7 @@ void RankedList<T>::raise(T *element) {
 template <class T>
 void RankedList<T>::lower(T *element) {
     --element->checked_count;
-    if (!lowest_) {
+    if (!is_ordered_) {
         element->stamp_ = --RankStamps::foremost;
         return;
     }
@@ -354,7 +358,8 @@ const char *RankedList<T>::fault() const {
         if (find(e->key()) != e) return "the index misses an element";
     }
     if (length != length_) return "its length is wrong";
-    return lowest_ ? fault_in_order() : nullptr;
+    if (is_ordered_ != (lowest_ != nullptr)) return "its groups are not those of its state";
+    return is_ordered_ ? fault_in_order() : nullptr;
 }
 
 template <class T>

@@ -266,7 +266,8 @@ void Verifier::check_category_contexts(const LabelEntry *entry) {
     for (const auto &[path, tags] : *entry->contexts)
         for (const auto &[sem, count] : tags) {
             const Place place{path.syn->name, sem->name, path.dtr_nr, path.nr_of_dtrs};
-            compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count, count);
+            compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count,
+                    count);
         }
     entry->links.for_each([&](const LabelLink *l) {
         l->parents.for_each([&](const ParentRecord *r) {
