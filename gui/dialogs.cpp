@@ -28,6 +28,12 @@ int start_with(int at, const tk::Scrollbar &bar) {
     return std::max(0, std::min(start, bar.object_length() - length));
 }
 
+// The window may have turned to another tree since a command was begun at the node.
+void show_tree_of(const Node *node, TreeWindow &tw) {
+    const TreeEntry *tree = tree_of(node);
+    if (tree && tree != current_tree(tw)) show_nr(static_cast<int>(tree - forest.data()), tw);
+}
+
 }  // namespace
 
 void prompt(tk::Notice &notice, std::string_view message, bool silent) {
@@ -44,6 +50,7 @@ void prompt_at_node(const Node *node, std::string_view message, TreeWindow &tw, 
 }
 
 int notice_at_node(const Node *node, tk::NoticeSpec spec, TreeWindow &tw) {
+    show_tree_of(node, tw);
     check_active_GUI(tw);
     const tk::Point at{node->x, get_node_y(node, tw)};
     make_visible(at.x, at.y, tw);
@@ -55,10 +62,10 @@ void check_active_GUI(TreeWindow &tw) {
     if (!is_laid_out(tw)) lay_out_current_tree(tw);
 }
 
-void tree_GUI_repaint(TreeWindow &tw) {
+void tree_GUI_repaint(TreeWindow &) {
     layout_owner = nullptr;
-    for (const auto &other : tree_windows())
-        if (other->canvas && other->tree_number == tw.tree_number) other->canvas->redraw();
+    for (const auto &window : tree_windows())
+        if (window->canvas) window->canvas->redraw();
 }
 
 void show_nr(int tree, TreeWindow &tw) {

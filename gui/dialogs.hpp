@@ -14,15 +14,15 @@ void prompt(tk::Notice &notice, std::string_view message, bool silent);
 // The same on a panel.
 void prompt_at_panel(tk::Panel &panel, std::string_view message, bool silent);
 
-// Brings the node into view and shows a notice pointing at it, with the button "Ok". REQUIRES: the node is in
-// the tree that the window shows.
+// Shows the node's tree if the window shows another, brings the node into view and shows a notice pointing at
+// it, with the button "Ok".
 void prompt_at_node(const Node *node, std::string_view message, TreeWindow &tw, bool silent);
 
 // Makes the stored positions those of this window: lays its tree out unless it owns the layout.
 void check_active_GUI(TreeWindow &tw);
 
-// Lays the window's tree out and draws it again when the loop is next idle; other windows that show the same
-// tree follow. Positions are as if it had been done at once.
+// Lays the window's tree out and draws it again when the loop is next idle. So do all other windows: what has
+// changed may be in the tree that one of them shows. Positions are as if it had been done at once.
 void tree_GUI_repaint(TreeWindow &tw);
 
 // Shows that tree (0-based) from its upper left corner and makes "Previous" and "Next" fit.
@@ -31,8 +31,8 @@ void show_nr(int tree, TreeWindow &tw);
 // Scrolls so that the canvas point is in view, then repaints.
 void make_visible(int x, int y, TreeWindow &tw);
 
-// A notice pointing at the node, which is brought into view first; the place of `spec` is set here. Returns
-// the answer.
+// A notice pointing at the node, which is brought into view first as prompt_at_node does; the place of `spec`
+// is set here. Returns the answer.
 int notice_at_node(const Node *node, tk::NoticeSpec spec, TreeWindow &tw);
 
 // Sets the left footer; "" clears it.

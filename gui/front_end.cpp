@@ -2,21 +2,10 @@
 
 #include "gui/dialogs.hpp"
 #include "gui/tree_window.hpp"
-#include "model/forest.hpp"
 #include "toolkit/display.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
-
-namespace {
-
-// The window may have turned to another tree since the node was asked about.
-void show_tree_of(const Node *node, TreeWindow &tw) {
-    const TreeEntry *tree = tree_of(node);
-    if (tree && tree != current_tree(tw)) show_nr(static_cast<int>(tree - forest.data()), tw);
-}
-
-}  // namespace
 
 tk::Frame &WindowFrontEnd::frame_of(TreeView *view) {
     TreeWindow *tw = open_window(view);
@@ -31,7 +20,6 @@ void WindowFrontEnd::prompt(TreeView *view, std::string_view message, bool silen
 void WindowFrontEnd::prompt_at_node(const Node *node, std::string_view message, TreeView *view, bool silent) {
     TreeWindow *tw = open_window(view);
     if (!tw) return prompt(view, message, silent);
-    show_tree_of(node, *tw);
     brindle::prompt_at_node(node, message, *tw, silent);
 }
 

@@ -188,6 +188,11 @@ void Gui::click(const Area &area, unsigned button, const std::string &modifier) 
     click_at(area.middle_x(), area.middle_y(), button, modifier);
 }
 
+void Gui::raise(const std::string &title) {
+    const Area frame = wait_frame(title).area;
+    click_at(frame.x + frame.w - 6, frame.y + frame.h - 6);
+}
+
 void Gui::drag(int from_x, int from_y, int to_x, int to_y, unsigned button) {
     server_.move_pointer(from_x, from_y);
     server_.button(button, true);

@@ -47,6 +47,8 @@ class Gui {
     void click_node(const std::string &path, unsigned button = 1, const std::string &modifier = {},
                     const std::string &title = {});
     void click_at(int x, int y, unsigned button = 1, const std::string &modifier = {});
+    // Brings a frame with a footer above all others that may hide it, by a click on the footer.
+    void raise(const std::string &title);
     void drag(int from_x, int from_y, int to_x, int to_y, unsigned button = 1);
     // Chooses an entry of the menu that is shown, through its submenus.
     void choose(const std::vector<std::string> &entries);

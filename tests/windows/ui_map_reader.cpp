@@ -111,12 +111,16 @@ void add_line(UiMap &map, const std::string &line) {
     }
 }
 
+bool is_meant(const ShownFrame &frame, const std::string &title) {
+    return frame.title == title || frame.handle() == title;
+}
+
 // The last of the records, whose frames come topmost last, that fits.
 template <class Record, class Fits>
 const Record *topmost(const UiMap &map, const std::vector<Record> &records, const std::string &title,
                       Fits fits) {
     for (auto frame = map.frames.rbegin(); frame != map.frames.rend(); ++frame) {
-        if (!title.empty() && frame->title != title) continue;
+        if (!title.empty() && !is_meant(*frame, title)) continue;
         const auto found = std::ranges::find_if(
             records, [&](const Record &record) { return record.frame == frame->id && fits(record); });
         if (found != records.end()) return &*found;
@@ -128,7 +132,7 @@ const Record *topmost(const UiMap &map, const std::vector<Record> &records, cons
 
 const ShownFrame *UiMap::frame(const std::string &title) const {
     const auto found = std::find_if(frames.rbegin(), frames.rend(),
-                                    [&](const ShownFrame &frame) { return frame.title == title; });
+                                    [&](const ShownFrame &frame) { return is_meant(frame, title); });
     return found == frames.rend() ? nullptr : &*found;
 }
 

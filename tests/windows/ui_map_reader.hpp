@@ -16,6 +16,8 @@ struct ShownFrame {
     std::string title, footer;
     bool busy = false;
     Area area;
+    // What tells it from others of its title: good wherever a title is asked for.
+    std::string handle() const { return "#" + std::to_string(id); }
 };
 
 struct ShownText {
@@ -52,7 +54,7 @@ struct UiMap {
     std::vector<ShownRow> rows;
     std::vector<ShownNode> nodes;
 
-    // The topmost frame of that title; null: none.
+    // The topmost frame of that title, or the one of that handle; null: none.
     const ShownFrame *frame(const std::string &title) const;
     // The item of that kind and label in the topmost frame that has one (of that title, if one is given);
     // null: none.

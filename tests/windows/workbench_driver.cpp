@@ -2,8 +2,10 @@
 
 #include <stdlib.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 
@@ -71,25 +73,33 @@ Workbench::~Workbench() {
     std::filesystem::remove_all(directory_);
 }
 
-void Workbench::edit() {
+std::string Workbench::edit() {
+    std::set<int> before;
+    for (const ShownFrame &frame : gui_->map().frames) before.insert(frame.id);
     gui_->press("Edit " + name_);
-    gui_->wait_frame(name_);
+    const auto is_new = [&](const ShownFrame &frame) {
+        return frame.title == name_ && !before.contains(frame.id);
+    };
+    const UiMap &map = gui_->wait_until(
+        "new tree window", [&](const UiMap &m) { return std::ranges::any_of(m.frames, is_new); });
+    return in_hand_ = std::ranges::find_if(map.frames, is_new)->handle();
 }
 
 void Workbench::choose_at(const std::string &path, const std::vector<std::string> &entries) {
-    gui_->click_node(path, 3);
+    click_node(path, 3);
     gui_->choose(entries);
 }
 
 void Workbench::prefer(const std::vector<std::string> &entries) {
-    for (const ShownItem &item : gui_->map().items)
-        if (item.kind == "canvas") gui_->click_at(item.area.x + item.area.w - 4, item.area.y + 4, 3);
+    gui_->raise(in_hand_);
+    const Area canvas = gui_->map().item("canvas", "", in_hand_)->area;
+    gui_->click_at(canvas.x + canvas.w - 4, canvas.y + 4, 3);
     gui_->choose(entries);
 }
 
 void Workbench::type_tag(const std::string &path, const std::string &tag) {
-    const ShownNode *node = gui_->map().node(path);
-    const std::string category = node ? node->category : "";
+    const ShownNode *at = node(path);
+    const std::string category = at ? at->category : "";
     choose_at(path, {"edit"});
     gui_->wait_focus(category);
     gui_->fill("Semantic tag:", tag);
@@ -98,19 +108,34 @@ void Workbench::type_tag(const std::string &path, const std::string &tag) {
 }
 
 std::string Workbench::tag(const std::string &path) {
-    const ShownNode *node = gui_->map().node(path);
-    return node ? node->tag : "no such node";
+    const ShownNode *at = node(path);
+    return at ? at->tag : "no such node";
 }
 
 std::string Workbench::selected() {
     std::string paths;
-    for (const ShownNode &node : gui_->map().nodes)
-        if (node.selected) paths += (paths.empty() ? "" : " ") + node.path;
+    const UiMap &map = gui_->map();
+    const ShownFrame *frame = map.frame(in_hand_);
+    for (const ShownNode &node : map.nodes)
+        if (node.selected && frame && node.frame == frame->id)
+            paths += (paths.empty() ? "" : " ") + node.path;
     return paths;
 }
 
+std::string Workbench::rows_offered(const std::string &path) {
+    const ShownNode *at = node(path);
+    const std::string category = at ? at->category : "";
+    choose_at(path, {"select"});
+    gui_->wait_frame(category);
+    std::string rows;
+    for (const ShownRow &row : gui_->map().rows) rows += (rows.empty() ? "" : " ") + row.text;
+    gui_->press("Cancel", category);
+    gui_->wait_gone(category);
+    return rows;
+}
+
 std::string Workbench::tree() {
-    return gui_->value("slider", "Tree #");
+    return value("slider", "Tree #");
 }
 
 void Workbench::turn_to(int tree) {
@@ -119,8 +144,10 @@ void Workbench::turn_to(int tree) {
 }
 
 void Workbench::type_into_slider(const std::string &label, const std::string &number) {
-    const Area slider = gui_->map().item("slider", label)->area;
-    gui_->click_at(slider.x + 10, slider.middle_y());
+    const UiMap &map = gui_->map();
+    const ShownItem *slider = map.item("slider", label, in_hand_);
+    if (!slider) slider = map.item("slider", label);
+    gui_->click_at(slider->area.x + 10, slider->area.middle_y());
     gui_->key("ctrl+a");
     gui_->type(number);
 }
@@ -134,7 +161,7 @@ void Workbench::answer(const std::string &line, const std::string &button) {
 
 void Workbench::wait_footer(const std::string &text) {
     gui_->wait_until("footer: " + text, [&](const UiMap &map) {
-        const ShownFrame *frame = map.frame(name_);
+        const ShownFrame *frame = map.frame(in_hand_);
         return frame && frame->footer == text;
     });
 }

@@ -20,8 +20,20 @@ class Workbench {
                        const std::string &companion = {});
     ~Workbench();
 
-    // Presses "Edit" and waits for the tree window.
-    void edit();
+    // Presses "Edit" and waits for one more tree window, which is then the window in hand. Its handle.
+    std::string edit();
+    // The tree window that the functions below are about.
+    void take(const std::string &handle) { in_hand_ = handle; }
+    void press(const std::string &label) { gui_->press(label, in_hand_); }
+    void click_node(const std::string &path, unsigned button = 1, const std::string &modifier = {}) {
+        gui_->click_node(path, button, modifier, in_hand_);
+    }
+    std::string value(const std::string &kind, const std::string &label) {
+        return gui_->value(kind, label, in_hand_);
+    }
+    const ShownNode *node(const std::string &path) { return gui_->map().node(path, in_hand_); }
+    // The rows of the selector that "select" shows at a node, which is closed again.
+    std::string rows_offered(const std::string &path);
     // Opens the menu of a node, of which only visible ones can be clicked, and chooses the entry.
     void choose_at(const std::string &path, const std::vector<std::string> &entries);
     // Opens "Preferences" beside the tree and chooses.
@@ -54,6 +66,7 @@ class Workbench {
   private:
     std::string directory_;
     std::string name_;
+    std::string in_hand_;  // "": the topmost
     std::unique_ptr<Gui> gui_;
 };
 

@@ -208,20 +208,6 @@ TEST(workbench, saving_under_another_name_makes_it_the_corpus) {
     EXPECT_EQ(w.file("small.trees"), small_corpus);
 }
 
-TEST(workbench, two_windows_show_one_corpus) {
-    Workbench w;
-    w.edit();
-    w.edit();
-    w.gui().wait_until("a second tree window", [](const UiMap &map) { return map.frames.size() == 3; });
-    w.type_tag("2.2", "seen_twice");
-    int seen = 0;
-    for (const ShownNode &node : w.gui().map().nodes) seen += node.path == "2.2" && node.tag == "seen_twice";
-    EXPECT_EQ(seen, 2);
-    w.gui().press("Close");
-    w.gui().wait_until("one tree window", [](const UiMap &map) { return map.frames.size() == 2; });
-    EXPECT_EQ(w.tag("2.2"), "seen_twice");
-}
-
 TEST(workbench, one_edit_in_a_large_corpus_changes_that_place_of_the_file_alone) {
     std::ifstream in(BRINDLE_SOURCE_DIR "/../shared/corpora/gum.trees", std::ios::binary);
     if (!in) GTEST_SKIP() << "the corpus is not there";
