@@ -25,23 +25,35 @@ using namespace brindle;
 constexpr const char *help =
     "Usage: brindle [-w <wordgraphfile>] [X-options] <corpusname>\n"
     "\n"
-    "Opens the treebank <corpusname> for annotation.\n"
+    "Opens the treebank <corpusname> for annotation. Press \"Edit\" for a tree window.\n"
     "\n"
-    "  -w <wordgraphfile>   attach a word graph to each tree, in the order of the file\n"
-    "  --help               show this help and stop\n"
-    "  --version            show the version and stop\n"
+    "  -w <wordgraphfile>      attach a word graph to each tree, in the order of the file\n"
+    "  -h, --help              show this help and stop\n"
+    "  --version               show the version and stop\n"
     "\n"
-    "X-options: -display, -geometry, -title, -name, -fg, -bg, -fn, -iconic\n"
+    "X-options:\n"
+    "  -display <display>      the X server (default: $DISPLAY)\n"
+    "  -geometry <WxH+X+Y>     size and place of the main window\n"
+    "  -scale <factor>         factor for all sizes and fonts, 0.5 to 4\n"
+    "  -title <text>           title of the main window\n"
+    "  -name <name>            name of the program to the window manager\n"
+    "  -fn <font>              font of labels and buttons\n"
+    "  -fg <colour>, -bg <colour>, -rv\n"
+    "                          colours of texts and of their ground; both swapped\n"
+    "  -iconic                 start as an icon\n"
+    "\n"
     "Environment:\n"
-    "  BRINDLE_SCALE            factor for all sizes and fonts, 0.5 to 4\n"
-    "  BRINDLE_PROLOG           command that starts the Prolog system\n"
-    "  BRINDLE_FORMULA_CHECKER  program that checks formulas for the information format\n"
-    "  BRINDLE_FORMULA_DIR      directory it runs in\n";
+    "  BRINDLE_SCALE           as -scale\n"
+    "  BRINDLE_PROLOG          command that starts the Prolog system\n"
+    "  BRINDLE_FORMULA_CHECKER program that checks formulas for the information format\n"
+    "  BRINDLE_FORMULA_DIR     directory it runs in\n"
+    "\n"
+    "'man brindle' tells more; brindle-batch does the same work from a shell.\n";
 
 // Answers --help and --version, when one is all there is on the command line.
 bool answered(int argc, char **argv) {
     if (argc != 2) return false;
-    if (std::strcmp(argv[1], "--help") == 0)
+    if (std::strcmp(argv[1], "--help") == 0 || std::strcmp(argv[1], "-h") == 0)
         std::fputs(help, stdout);
     else if (std::strcmp(argv[1], "--version") == 0)
         std::puts("brindle " BRINDLE_VERSION);

@@ -20,8 +20,7 @@ std::span<const Action> actions() {
          nothing_more, run_tables},
         {"write", "the corpus or a selection in one of four formats",
          "dop and dop2 write .encoding, dop2 also underlying_CFG, into the current directory; an output name "
-         "that ends "
-         "in .aug puts every tree below the extra root sss.",
+         "that ends in .aug puts every tree below the extra root sss.",
          selection | write_format, run_write},
         {"check", "marks the selected trees as checked", "Writes the whole corpus.", selection, run_check},
         {"uncheck", "takes the mark from the selected trees", "Writes the whole corpus.", selection,
@@ -38,13 +37,15 @@ std::span<const Action> actions() {
          "Sends each tag as a query; a message that Prolog sends back replaces it. Writes the whole corpus.",
          selection | filter_options, run_filter},
         {"edit", "runs the operations of a script on the corpus",
-         "A line an operation: tag TREE PATH TEXT, category TREE PATH TEXT, undo TREE PATH, undo-all TREE "
-         "PATH|*, "
-         "clear TREE PATH|*, copy TREE PATH TREE PATH, bracket TREE PATH TEXT, check TREE, uncheck TREE, "
-         "propose TREE, saved. Empty "
-         "lines and "
-         "lines that begin with # are skipped. A line that cannot be carried out ends the run: nothing is "
-         "written.",
+         "Operations, one a line:\n"
+         "  tag TREE PATH TEXT        category TREE PATH TEXT\n"
+         "  undo TREE PATH            undo-all TREE PATH|*\n"
+         "  clear TREE PATH|*         copy TREE PATH TREE PATH\n"
+         "  bracket TREE PATH TEXT    propose TREE\n"
+         "  check TREE                uncheck TREE\n"
+         "  saved\n"
+         "Empty lines and lines that begin with # are skipped. A line that cannot be carried out ends the "
+         "run: nothing is written.",
          script_file, run_edit},
         {"search", "nodes by category, word and tag; replaces labels",
          "Writes a line a match: TREE, PATH, category, tag, word. With --replace the whole corpus instead.",
@@ -53,8 +54,7 @@ std::span<const Action> actions() {
          one_tree | node_path | punctuation_flag, run_latex},
         {"layout", "where the nodes of a tree stand",
          "Writes a line for the tree (width, height) and one a node: path, x, and where its category, its "
-         "tag and its "
-         "word start.",
+         "tag and its word start.",
          one_tree | size_choice | punctuation_flag, run_layout},
         {"validate", "the syntax editor's checks on one bracketing",
          "Says on standard error what is wrong (status 1), or nothing (status 0).", no_corpus, run_validate},

@@ -1,10 +1,12 @@
 // brindle-batch: the workbench's work from a shell.
 #include <cstdio>
 #include <deque>
+#include <string>
+#include <vector>
 
 #include <fmt/format.h>
-#include <CLI/CLI.hpp>
 
+#include "app/batch/help.hpp"
 #include "app/batch/options.hpp"
 #include "model/output_file.hpp"
 #include "model/text.hpp"
@@ -16,69 +18,96 @@ const char *const description =
     "Works on a treebank as the BRINDLE workbench does, without a window.\n"
     "Results go to standard output (or to the file of -o, whole or not at all), messages to standard error.";
 
+// An option that takes one of a few words.
+CLI::Option *add_choice(CLI::App &command, const char *name, std::string &value,
+                        std::vector<std::string> words, const char *help) {
+    return command.add_option(name, value, help)
+        ->type_name(CLI::detail::join(words, "|"))
+        ->check(CLI::IsMember(words).description(""));
+}
+
+CLI::Option *add_file(CLI::App &command, const char *name, std::string &value, const char *help) {
+    return command.add_option(name, value, help)->type_name("FILE");
+}
+
+CLI::Option *add_text(CLI::App &command, const char *name, std::string &value, const char *help) {
+    return command.add_option(name, value, help)->type_name("TEXT");
+}
+
+template <class Number>
+CLI::Option *add_number(CLI::App &command, const char *name, Number &value, const char *type,
+                        const char *help) {
+    return command.add_option(name, value, help)->type_name(type);
+}
+
 void add_selection(CLI::App &command, Options &options) {
     const auto note = [&options](auto) { options.selecting = true; };
-    command.add_option("--trees", options.trees, "which trees: checked, unchecked or both (default both)")
-        ->check(CLI::IsMember({"checked", "unchecked", "both"}))
+    add_choice(command, "--trees", options.trees, {"checked", "unchecked", "both"},
+               "which trees (default both)")
         ->each(note);
-    command.add_option("--from", options.from, "first tree of the range (default 1)")->each(note);
-    command.add_option("--to", options.to, "last tree of the range (default: the corpus' last)")->each(note);
-    command.add_option("--random", options.random, "only N trees of the range, drawn at random")
-        ->check(CLI::NonNegativeNumber)
+    add_number(command, "--from", options.from, "TREE", "first tree of the range (default 1)")->each(note);
+    add_number(command, "--to", options.to, "TREE", "last tree of the range (default: the corpus' last)")
         ->each(note);
-    command.add_option("--seed", options.seed, "seed of --random (default 1)")->each(note);
+    add_number(command, "--random", options.random, "N", "only N trees of the range, drawn at random")
+        ->check(CLI::NonNegativeNumber.description(""))
+        ->each(note);
+    add_number(command, "--seed", options.seed, "S", "seed of --random (default 1)")->each(note);
 }
 
 void add_search(CLI::App &command, Options &options) {
-    command.add_option("--syn", options.syn, "the category to find");
-    command.add_option("--lex", options.lex, "the word to find");
-    command.add_option("--sem", options.sem, "the semantic tag to find");
+    add_text(command, "--syn", options.syn, "the category to find");
+    add_text(command, "--lex", options.lex, "the word to find");
+    add_text(command, "--sem", options.sem, "the semantic tag to find");
     command.add_flag("--substring", options.substring, "labels that contain the text, not whole labels");
-    command.add_option("--kind", options.kind, "which of two like-named categories: terminal or nonterminal")
-        ->check(CLI::IsMember({"terminal", "nonterminal"}));
-    command.add_option("--start", options.start, "the tree to start at (default 1)");
-    auto *replace = command.add_option("--replace", options.replace, "what to replace: semantics or syntax")
-                        ->check(CLI::IsMember({"semantics", "syntax"}));
-    command.add_option("--with", options.with, "the replacement; empty removes tags")->needs(replace);
+    add_choice(command, "--kind", options.kind, {"terminal", "nonterminal"},
+               "which of two categories that are spelled alike");
+    add_number(command, "--start", options.start, "TREE", "the tree to start at (default 1)");
+    auto *replace = add_choice(command, "--replace", options.replace, {"semantics", "syntax"},
+                               "replace the tag or the category of every match");
+    add_text(command, "--with", options.with, "the replacement; empty removes tags")->needs(replace);
+}
+
+void add_filter(CLI::App &command, Options &options) {
+    command.add_flag("--roots", options.roots, "root nodes only");
+    add_text(command, "--predicate", options.predicate, "the evaluation predicate");
+    add_text(command, "--prolog", options.prolog,
+             "the command that starts Prolog (default: $BRINDLE_PROLOG)");
+}
+
+void add_script(CLI::App &command, Options &options) {
+    add_file(command, "--script", options.script, "the operations, one a line (- is standard input)")
+        ->required();
+    command.add_flag("--tables", options.tables, "write the label statistics, not the corpus");
 }
 
 void add_options(CLI::App &command, const Action &action, Options &options) {
     if (action.takes & selection) add_selection(command, options);
     if (action.takes & search_options) add_search(command, options);
     if (action.takes & write_format)
-        command.add_option("--format", options.format, "atis, dop, dop2 or info")
-            ->required()
-            ->check(CLI::IsMember({"atis", "dop", "dop2", "info"}));
+        add_choice(command, "--format", options.format, {"atis", "dop", "dop2", "info"}, "the format")
+            ->required();
     if (action.takes & report_file)
-        command.add_option("--report", options.report, "where the report goes (- for standard output)")
+        add_file(command, "--report", options.report, "where the report goes (- is standard output)")
             ->required();
-    if (action.takes & filter_options) {
-        command.add_flag("--roots", options.roots, "root nodes only");
-        command.add_option("--predicate", options.predicate, "the evaluation predicate");
-        command.add_option("--prolog", options.prolog, "the command that starts Prolog");
-    }
-    if (action.takes & script_file) {
-        command.add_option("--script", options.script, "the operations, a line each (- for standard input)")
-            ->required();
-        command.add_flag("--tables", options.tables, "write the label statistics instead of the corpus");
-    }
+    if (action.takes & filter_options) add_filter(command, options);
+    if (action.takes & script_file) add_script(command, options);
     if (action.takes & one_tree)
-        command.add_option("--tree", options.tree, "the tree's number, from 1")->required();
+        add_number(command, "--tree", options.tree, "TREE", "the tree's number, from 1")->required();
     if (action.takes & node_path)
-        command.add_option("--node", options.node,
-                           "the node: . is the root, 2.1 its second daughter's first");
+        add_number(command, "--node", options.node, "PATH",
+                   "the subtree's topmost node (default ., the root)");
     if (action.takes & size_choice)
-        command.add_option("--size", options.size, "small, medium, default or large")
-            ->check(CLI::IsMember({"small", "medium", "default", "large"}));
+        add_choice(command, "--size", options.size, {"small", "medium", "default", "large"},
+                   "the spacing of the nodes");
     if (action.takes & punctuation_flag)
         command.add_flag("--punctuation", options.punctuation, "punctuation daughters too");
     if (!(action.takes & no_corpus))
-        command.add_option("-w,--wordgraphs", options.wordgraphs, "attach the word graphs of this file");
-    command.add_option("-o,--output", options.output, "where the result goes (default: standard output)");
+        add_file(command, "-w,--wordgraphs", options.wordgraphs, "attach the word graphs of this file");
+    add_file(command, "-o,--output", options.output, "where the result goes (default: standard output)");
     command.add_flag("--quiet", options.quiet, "no progress bar");
     command
         .add_option(action.takes & no_corpus ? "FILE" : "CORPUS", options.corpus,
-                    action.takes & no_corpus ? "the bracketing (- for standard input)" : "the corpus file")
+                    action.takes & no_corpus ? "the bracketing (- is standard input)" : "the corpus file")
         ->required();
 }
 
@@ -94,19 +123,19 @@ int usage(std::string_view message) {
 int run(int argc, char **argv) {
     CLI::App app(description, "brindle-batch");
     app.allow_extras();
-    app.set_version_flag("--version", "brindle-batch " BRINDLE_VERSION);
-    app.get_formatter()->label("SUBCOMMAND", "ACTION");
-    app.get_formatter()->label("Subcommands", "Actions");
-    app.get_formatter()->label("TEXT:{", "{");
+    app.set_version_flag("--version", "brindle-batch " BRINDLE_VERSION, "show the version and stop");
+    app.set_help_flag("-h,--help", "show this help and stop");
+    app.formatter(help_layout());
     app.failure_message([](const CLI::App *, const CLI::Error &) { return std::string(); });
     app.footer(
-        "'brindle-batch ACTION --help' tells the options of an action.\n"
+        "'brindle-batch ACTION --help' tells the options of an action. All actions take -o and --quiet.\n"
         "TREE is a tree's number, from 1. PATH names a node: . is the root, 2.1 its second daughter's "
-        "first.");
+        "first.\n"
+        "Exit status: 0 done; 1 an input is in error, or output could not be written whole; 2 wrong usage.");
     std::deque<Options> parsed;
     for (const Action &action : actions()) {
         CLI::App *command = app.add_subcommand(action.name, action.help);
-        command->footer(action.details);
+        command->group("Actions")->footer(action.details);
         command->allow_extras(false);
         add_options(*command, action, parsed.emplace_back());
     }
