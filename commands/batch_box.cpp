@@ -1,19 +1,19 @@
 #include "commands/batch_box.hpp"
 
-#include <chrono>
-
 #include <fmt/format.h>
 
+#include "commands/node_runs.hpp"
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
+#include "gui/events.hpp"
 #include "model/forest.hpp"
+#include "model/request.hpp"
 #include "toolkit/display.hpp"
+#include "toolkit/notifier.hpp"
 
 namespace brindle {
 
 namespace {
-
-using Clock = std::chrono::steady_clock;
 
 void deactivate_random_slide(TreeWindow &tw, bool inactive) {
     tw.random_size_label->set_inactive(inactive);
@@ -70,29 +70,8 @@ void pop_batch_box(TreeWindow &tw, tk::Button &button) {
 }
 
 void abort_filter(TreeWindow &tw, tk::Button &) {
-    show_nr(tw.tree_number, tw);
     stop_batch(tw);
 }
-
-// Says how far a run is, no more often than a person reads.
-class Progress {
-  public:
-    Progress(TreeWindow &tw, std::string text) : tw_(tw), text_(std::move(text)) {}
-
-    void step() {
-        ++taken_;
-        const auto now = Clock::now();
-        if (text_.empty() || now - shown_ < std::chrono::milliseconds(100)) return;
-        shown_ = now;
-        show_foot(*tw_.frame, fmt::format("{} {} of {}", text_, taken_, tw_.batch_selection.size()));
-    }
-
-  private:
-    TreeWindow &tw_;
-    std::string text_;
-    int taken_ = 0;
-    Clock::time_point shown_ = Clock::now();
-};
 
 }  // namespace
 
@@ -109,6 +88,7 @@ SelectionChoice choice_of(const TreeWindow &tw) {
 
 void batch_init(TreeWindow &tw) {
     begin_batch();
+    BATCH_TREE_GUI = &tw;
     all_frames_busy(*tw.main_frame, true);
     tw.batch_box->set_busy(false);
     set_actions_inactive(tw, true);
@@ -117,6 +97,7 @@ void batch_init(TreeWindow &tw) {
 }
 
 void stop_batch(TreeWindow &tw) {
+    abandon_node_run();
     tw.batch_selection.clear();
     end_batch();
     all_frames_busy(*tw.main_frame, false);
@@ -124,6 +105,15 @@ void stop_batch(TreeWindow &tw) {
     if (takes_all_trees(tw)) deactivate_random_slide(tw, true);
     recount(tw);
     show_foot(*tw.frame, "");
+    if (current_tree(tw)) show_nr(tw.tree_number, tw);  // the canvas was cleared
+}
+
+void Progress::step() {
+    ++taken_;
+    const auto now = Clock::now();
+    if (text_.empty() || now - shown_ < std::chrono::milliseconds(100)) return;
+    shown_ = now;
+    show_foot(*tw_.frame, fmt::format("{} {} of {}", text_, taken_, tw_.batch_selection.size()));
 }
 
 void enter_tree(int tree, TreeWindow &tw) {
@@ -145,10 +135,7 @@ void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(c
     };
     const int last = action(run);
     if (!open_window(&tw)) return;
-    if (last >= 0)
-        show_nr(last, tw);
-    else
-        tree_GUI_repaint(tw);
+    if (last >= 0) enter_tree(last, tw);
     stop_batch(tw);
 }
 
@@ -160,6 +147,7 @@ void install_batch_box(Commands &table) {
     table.pop_batch_box = pop_batch_box;
     table.abort_filter = abort_filter;
     table.stop_batch = stop_batch;
+    tk::set_on_interrupt(interrupt_run);
 }
 
 }  // namespace brindle

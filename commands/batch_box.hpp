@@ -1,5 +1,8 @@
 #pragma once
 // The batch box: what it chooses, and what begins and ends a run.
+#include <chrono>
+#include <string>
+
 #include "gui/tree_window.hpp"
 #include "propose/batch.hpp"
 #include "propose/selection.hpp"
@@ -14,6 +17,22 @@ void batch_init(TreeWindow &tw);
 
 // Ends it, also a second time: everything takes input again.
 void stop_batch(TreeWindow &tw);
+
+// Says how far a run of the window is, no more often than a person reads.
+class Progress {
+  public:
+    // text: what the footer says of the run; "": it stays as it is.
+    Progress(TreeWindow &tw, std::string text) : tw_(tw), text_(std::move(text)) {}
+    void step();  // one more tree is taken
+
+  private:
+    using Clock = std::chrono::steady_clock;
+
+    TreeWindow &tw_;
+    std::string text_;
+    int taken_ = 0;
+    Clock::time_point shown_ = Clock::now();
+};
 
 // Makes the tree the window's current one, without showing it.
 void enter_tree(int tree, TreeWindow &tw);

@@ -26,9 +26,15 @@ std::string step_line(const TreeWindow &tw, const Node *node) {
     return filter_line(tw, node->sem->view());
 }
 
-NodeRun::Hooks hooks_of(NodeRunKind kind, TreeWindow &tw) {
+// What an evaluating run says does not change: it shows its trees.
+Progress progress_of(NodeRunKind kind, std::string_view footer, TreeWindow &tw) {
+    return Progress(tw, std::string(kind == NodeRunKind::filter ? footer : std::string_view()));
+}
+
+NodeRun::Hooks hooks_of(NodeRunKind kind, std::string_view footer, TreeWindow &tw) {
     NodeRun::Hooks hooks;
-    hooks.begin_tree = [kind, &tw](int tree) {
+    hooks.begin_tree = [kind, &tw, progress = progress_of(kind, footer, tw)](int tree) mutable {
+        progress.step();
         if (kind == NodeRunKind::filter)
             enter_tree(tree, tw);
         else
@@ -36,7 +42,7 @@ NodeRun::Hooks hooks_of(NodeRunKind kind, TreeWindow &tw) {
     };
     hooks.send_query = [&tw](Node *node) { return send_query(step_line(tw, node), &tw); };
     hooks.finish = [kind, &tw](int tree) {
-        if (kind == NodeRunKind::filter && tree >= 0) show_nr(tree, tw);
+        if (kind == NodeRunKind::filter && tree >= 0) enter_tree(tree, tw);
         stop_batch(tw);
     };
     return hooks;
@@ -52,12 +58,11 @@ void start(NodeRunKind kind, bool root_only, std::string_view footer, TreeWindow
     batch_init(tw);
     ROOT_ONLY = root_only;
     if (tw.batch_selection.empty()) {
-        tree_GUI_repaint(tw);
         stop_batch(tw);
         return;
     }
     show_foot(*tw.frame, footer);
-    current.emplace(kind, tw.batch_selection, &tw, hooks_of(kind, tw));
+    current.emplace(kind, tw.batch_selection, &tw, hooks_of(kind, footer, tw));
     current->start();
 }
 
@@ -73,6 +78,10 @@ void evaluate(TreeWindow &tw, bool root_only) {
 
 void go_on_with_node_run() {
     if (current && BATCH) current->go_on();
+}
+
+void abandon_node_run() {
+    if (current) current->abandon();
 }
 
 void batch_prompt_at_node(Node *node, std::string_view text, TreeView *view) {

@@ -5,7 +5,6 @@
 #include "display/layout.hpp"
 #include "gui/dialogs.hpp"
 #include "model/forest.hpp"
-#include "model/request.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
@@ -62,6 +61,7 @@ class SearchCommand {
 
     void run() {
         work();
+        be_idle();
         // A replacement without prompts shows nothing on its way; the window ends on the tree of the last
         // one.
         if (last_replaced_ >= 0 && open_window(&tw_)) show_nr(last_replaced_, tw_);
@@ -84,8 +84,7 @@ class SearchCommand {
             if (answer == GO_BACK) show_nr(shown_before, tw_);
             if (answer == GO_BACK || answer == STOP) return;
         }
-        if (!stopped_ && (action_ != SearchAction::replace_all || prompts_))
-            prompt(*tw_.notice, "Not found", true);
+        if (!stopped_ && !works_silently()) prompt(*tw_.notice, "Not found", true);
     }
 
     bool refused(const std::optional<std::string> &reason) {
@@ -93,27 +92,32 @@ class SearchCommand {
         return reason.has_value();
     }
 
-    // The next match. A long way to it counts as a run of the window: its frames are busy, and Control-C ends
-    // it.
+    // Nothing is shown between two matches.
+    bool works_silently() const { return action_ == SearchAction::replace_all && !prompts_; }
+
+    // The next match. On a long way to it all frames are busy, and Control-C ends the search.
     std::optional<ForestSearch::Match> next(ForestSearch &search) {
-        BATCH = true;
-        BATCH_TREE_GUI = &tw_;
+        if (works_silently() && !may_go_on()) return std::nullopt;
         auto match = search.next();
-        stopped_ = !BATCH;
-        BATCH = false;
-        if (busy_) all_frames_busy(*tw_.main_frame, busy_ = false);
+        if (!works_silently()) be_idle();
         return match;
     }
 
     bool may_go_on() {
         if (!busy_) all_frames_busy(*tw_.main_frame, busy_ = true);
+        auto before = tk::set_on_interrupt([this] { stopped_ = true; });
         frontend->notify_dispatch();
-        return BATCH;
+        tk::set_on_interrupt(std::move(before));
+        return !stopped_;
+    }
+
+    void be_idle() {
+        if (busy_) all_frames_busy(*tw_.main_frame, busy_ = false);
     }
 
     // Shows the match and does what the button asks for. Returns the answer that decides how to go on.
     int at_match(const ForestSearch::Match &match) {
-        const bool silently = action_ == SearchAction::replace_all && !prompts_;
+        const bool silently = works_silently();
         if (!silently) {
             show_nr(match.tree, tw_);
             make_visible(match.node->x, get_node_y(match.node, tw_), tw_);
@@ -130,6 +134,7 @@ class SearchCommand {
         const TreeEntry &tree = forest[static_cast<std::size_t>(match.tree)];
         const auto reason = replace_at(tree, match.node, request_, choice_, with_, silently ? nullptr : &tw_);
         if (silently) last_replaced_ = match.tree;
+        if (reason) be_idle();
         return !refused(reason);
     }
 

@@ -1,5 +1,6 @@
 // "Batch processing".
 #include "gui/command_windows.hpp"
+#include "gui/events.hpp"
 #include "model/forest.hpp"
 
 namespace brindle {
@@ -70,6 +71,12 @@ void create_batch_box(TreeWindow &tw) {
     tw.abort_button = &panel.add_button("Abort", tk::new_row(), button_callback(&Commands::abort_filter));
     tw.abort_button->set_inactive(true);
     add_cancel(*tw.batch_box);
+    panel.set_background_event([](tk::Panel &, const tk::Event &event) {
+        if (event.code != tk::CODE_CTRL_C) return false;
+        if (!event.negative) interrupt_run();
+        return true;
+    });
+    panel.accept_keystrokes(true);
     fit_with_title(*tw.batch_box);
 }
 

@@ -65,10 +65,7 @@ void key_event(TreeWindow &tw, const tk::Event &event) {
         case tk::EVENT_RIGHT:
             return adjust_view(event.code, tw);
         case tk::CODE_CTRL_C:
-            if (BATCH)
-                if (TreeWindow *running = open_window(BATCH_TREE_GUI))
-                    run(*tw.frame, commands.stop_batch, *running);
-            return;
+            return interrupt_run();
         default:
             return;
     }
@@ -108,6 +105,11 @@ void adjust_view(int code, TreeWindow &tw) {
         bar.set_view_start(std::max(start - step, 0));
     else if (!back && start < last)
         bar.set_view_start(std::min(start + step, last));
+}
+
+void interrupt_run() {
+    TreeWindow *running = BATCH ? open_window(BATCH_TREE_GUI) : nullptr;
+    if (running) run(*running->frame, commands.stop_batch, *running);
 }
 
 bool tree_disabled(TreeWindow &tw) {

@@ -14,6 +14,9 @@ void select_down(Node *node, TreeWindow &tw);
 void copy_to(Node *clicked, TreeWindow &tw);
 void missed(TreeWindow &tw);
 
+// Control-C: ends the batch run that goes on, if one does.
+void interrupt_run();
+
 // Scrolls by 16 pixels; the code is EVENT_UP, EVENT_DOWN, EVENT_LEFT or EVENT_RIGHT.
 void adjust_view(int code, TreeWindow &tw);
 

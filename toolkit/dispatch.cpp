@@ -70,7 +70,7 @@ int dispatch(int event, Fl_Window *window) {
     const bool blocked = frame->busy || (blocking_frame() && &frame->self != blocking_frame());
     if (blocked && is_input(event)) {
         handle_blocked(event);
-        if (event == FL_KEYBOARD && !blocking_frame()) frame->handle_busy_key();
+        if (event == FL_KEYBOARD && !blocking_frame() && decode_key().code == CODE_CTRL_C) interrupt();
         return 1;
     }
     const int done = handle_in_frame(event, window, *frame);

@@ -17,6 +17,9 @@ void loop_until(const std::function<bool()> &done);
 // Runs f once, as soon as no callback and no nested loop is on the stack any more.
 void when_quiet(std::function<void()> f);
 
+// Control-C in a busy frame: calls what set_on_interrupt was given.
+void interrupt();
+
 // The frame that alone takes input because it is a blocking notice; null: every frame does.
 Frame *blocking_frame();
 void push_blocking_frame(Frame &frame);

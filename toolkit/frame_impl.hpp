@@ -67,8 +67,6 @@ struct Frame::Impl {
     void focus_on(Fl_Widget *widget);  // now, or when the frame has the keyboard
     void give_focus(ItemView &view);   // and selects its text
     void offer_focus(ItemView &view);  // takes it if nothing of use has it
-    // A key while the frame is busy: only Control-C reaches the canvas, whose user stops the work with it.
-    void handle_busy_key();
     void handle_key();        // the key of FLTK's current event
     void commit_elsewhere();  // a button press outside the field that has the keyboard
 

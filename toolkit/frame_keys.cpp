@@ -171,11 +171,6 @@ void Frame::Impl::handle_key() {
     if (canvas && event.code) canvas->impl().deliver_key(event);
 }
 
-void Frame::Impl::handle_busy_key() {
-    const Event event = decode_key();
-    if (canvas && event.code == CODE_CTRL_C) canvas->impl().deliver_key(event);
-}
-
 // The keyboard comes to the window: whoever had it there last has it again, not simply the first child.
 int TopWindow::handle(int event) {
     if (event != FL_FOCUS) return Fl_Double_Window::handle(event);

@@ -26,6 +26,7 @@ bool stopping = false;
 std::vector<std::function<void()>> quiet_work;
 std::map<int, std::function<void(int)>> input_handlers;
 std::map<int, std::function<void()>> timers;
+std::function<void()> on_interrupt;
 
 struct DepthScope {
     DepthScope() { ++depth; }
@@ -110,6 +111,15 @@ void notify_dispatch() {
 void flush_display() {
     open_display();
     draw_due();
+}
+
+std::function<void()> set_on_interrupt(std::function<void()> f) {
+    return std::exchange(on_interrupt, std::move(f));
+}
+
+void interrupt() {
+    const auto f = on_interrupt;
+    if (f) f();
 }
 
 void set_input_handler(int fd, std::function<void(int fd)> handler) {

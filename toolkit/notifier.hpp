@@ -17,6 +17,9 @@ void notify_stop();
 // callback.
 void notify_dispatch();
 
+// What Control-C does that is typed into a busy frame. Returns what it did before; empty: nothing.
+std::function<void()> set_on_interrupt(std::function<void()> f);
+
 // Calls handler(fd) whenever fd can be read or is at its end; replaces an earlier handler of fd.
 void set_input_handler(int fd, std::function<void(int fd)> handler);
 void clear_input_handler(int fd);

@@ -168,9 +168,28 @@ void TextEditor::load(const std::string &utf8) {
     go_to(0);
 }
 
+// FLTK measures a line that is wrapped from its start, again and again: what comes without newlines gets
+// some.
+std::string TextEditor::with_bearable_lines(const std::string &utf8) const {
+    constexpr std::size_t longest = 2000;
+    const int end = buffer_.length();
+    auto column = static_cast<std::size_t>(end - buffer_.line_start(end));
+    std::string text;
+    for (const char c : utf8) {
+        const bool in_character = (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+        if (column >= longest && c != '\n' && !in_character) {
+            text += '\n';
+            column = 0;
+        }
+        text += c;
+        column = c == '\n' ? 0 : column + 1;
+    }
+    return text;
+}
+
 void TextEditor::append_quietly(const std::string &utf8, int most_bytes) {
     recording_ = false;
-    buffer_.append(utf8.c_str());
+    buffer_.append(with_bearable_lines(utf8).c_str());
     const int over = buffer_.length() - most_bytes;
     if (over > 0) buffer_.remove(0, std::min(buffer_.length(), buffer_.line_end(over) + 1));
     recording_ = true;

@@ -34,6 +34,7 @@ class TextEditor : public Fl_Text_Editor {
 
   private:
     void bind_keys();
+    std::string with_bearable_lines(const std::string &utf8) const;
     void changed(int at, int inserted, int deleted, const char *deleted_text);
     void apply(const TextEdit &edit, bool forward);
 

@@ -184,8 +184,22 @@ void Gui::click_at(int x, int y, unsigned button, const std::string &modifier) {
     sync();
 }
 
-void Gui::click(const Area &area, unsigned button, const std::string &modifier) {
-    click_at(area.middle_x(), area.middle_y(), button, modifier);
+void Gui::click_in(int frame, Area area, unsigned button, const std::string &modifier) {
+    const std::string handle = "#" + std::to_string(frame);
+    const auto hidden = [&](int x, int y) {
+        const ShownFrame *seen = map_.frame_at(x, y);
+        return seen && seen->id != frame;
+    };
+    const int x = area.middle_x();
+    const int y = area.middle_y();
+    const ShownFrame *meant = map_.frame(handle);
+    if (hidden(x, y) && meant &&
+        !hidden(meant->area.x + meant->area.w - 6, meant->area.y + meant->area.h - 6)) {
+        raise(handle);
+        map();
+    }
+    if (hidden(x, y)) fail("frame " + handle + " is hidden where a click is meant for it");
+    click_at(x, y, button, modifier);
 }
 
 void Gui::raise(const std::string &title) {
@@ -203,16 +217,16 @@ void Gui::drag(int from_x, int from_y, int to_x, int to_y, unsigned button) {
 }
 
 void Gui::press(const std::string &label, const std::string &title) {
-    click(wait_item("button", label, title).area);
+    click(wait_item("button", label, title));
 }
 
 void Gui::click_item(const std::string &kind, const std::string &label, const std::string &title) {
-    click(wait_item(kind, label, title).area);
+    click(wait_item(kind, label, title));
 }
 
 void Gui::click_row(const std::string &text, const std::string &title) {
     const auto there = [&](const UiMap &map) { return map.row(text, title) != nullptr; };
-    click(wait_until("row \"" + text + "\"", there).row(text, title)->area);
+    click(*wait_until("row \"" + text + "\"", there).row(text, title));
 }
 
 void Gui::double_click_row(const std::string &text, const std::string &title) {
@@ -225,7 +239,7 @@ void Gui::double_click_row(const std::string &text, const std::string &title) {
 void Gui::click_node(const std::string &path, unsigned button, const std::string &modifier,
                      const std::string &title) {
     const auto there = [&](const UiMap &map) { return map.node(path, title) != nullptr; };
-    click(wait_until("node " + path, there).node(path, title)->area, button, modifier);
+    click(*wait_until("node " + path, there).node(path, title), button, modifier);
 }
 
 void Gui::choose(const std::vector<std::string> &entries) {
@@ -250,7 +264,7 @@ void Gui::fill(const std::string &label, const std::string &text, const std::str
     };
     const UiMap &shown = wait_until("field \"" + label + "\"", there);
     const ShownItem *field = shown.item("textfield", label, title);
-    click((field ? field : shown.item("numeric", label, title))->area);
+    click(field ? *field : *shown.item("numeric", label, title));
     key("ctrl+a");
     if (text.empty()) key("BackSpace");
     type(text);

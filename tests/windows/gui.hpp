@@ -78,7 +78,12 @@ class Gui {
     void sync();  // until program and window manager have dealt with everything so far
     void sync_program();
     const ShownItem &wait_item(const std::string &kind, const std::string &label, const std::string &title);
-    void click(const Area &area, unsigned button = 1, const std::string &modifier = {});
+    // What it shows is an item, row or node of its frame, which must not be hidden there.
+    template <class Shown>
+    void click(const Shown &shown, unsigned button = 1, const std::string &modifier = {}) {
+        click_in(shown.frame, shown.area, button, modifier);
+    }
+    void click_in(int frame, Area area, unsigned button, const std::string &modifier);
     [[noreturn]] void fail(const std::string &what);
 
     XServer &server_;

@@ -136,6 +136,14 @@ const ShownFrame *UiMap::frame(const std::string &title) const {
     return found == frames.rend() ? nullptr : &*found;
 }
 
+const ShownFrame *UiMap::frame_at(int x, int y) const {
+    const auto found = std::find_if(frames.rbegin(), frames.rend(), [&](const ShownFrame &frame) {
+        const Area &area = frame.area;
+        return x >= area.x && y >= area.y && x < area.x + area.w && y < area.y + area.h;
+    });
+    return found == frames.rend() ? nullptr : &*found;
+}
+
 const ShownItem *UiMap::item(const std::string &kind, const std::string &label,
                              const std::string &title) const {
     return topmost(*this, items, title,

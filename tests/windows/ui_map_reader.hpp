@@ -56,6 +56,8 @@ struct UiMap {
 
     // The topmost frame of that title, or the one of that handle; null: none.
     const ShownFrame *frame(const std::string &title) const;
+    // The topmost frame at that place of the screen; null: none.
+    const ShownFrame *frame_at(int x, int y) const;
     // The item of that kind and label in the topmost frame that has one (of that title, if one is given);
     // null: none.
     const ShownItem *item(const std::string &kind, const std::string &label,

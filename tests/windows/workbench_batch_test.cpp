@@ -1,22 +1,10 @@
 // Proposing, batch runs and the syntax editor in windows.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
 namespace {
-
-void picture(Workbench &w, const std::string &name) {
-    if (const char *folder = std::getenv("BRINDLE_PICTURES"))
-        w.gui().screenshot(std::string(folder) + "/" + name);
-}
-
-void open_batch_box(Workbench &w) {
-    w.gui().press("Batch");
-    w.gui().wait_frame("Batch processing");
-}
 
 TEST(workbench_batch, a_proposal_is_told_and_undone) {
     Workbench w;
@@ -33,7 +21,7 @@ TEST(workbench_batch, a_proposal_is_told_and_undone) {
 TEST(workbench_batch, a_selection_is_counted_evaluated_and_undone) {
     Workbench w;
     w.edit();
-    open_batch_box(w);
+    w.open_batch_box();
     picture(w, "batch.png");
     EXPECT_EQ(w.gui().value("message", "2"), "");
     w.gui().choose_option("Type of trees:", "Both");

@@ -53,6 +53,27 @@ std::string make_directory() {
 
 }  // namespace
 
+std::string many_trees(int copies) {
+    constexpr std::string_view head = "tree #";
+    const std::string_view corpus = small_corpus;
+    std::string text;
+    int tree = 0;
+    for (int copy = 0; copy < copies; ++copy) {
+        std::size_t at = copy == 0 ? 0 : 1;  // a newline ends it, another begins it
+        for (auto found = corpus.find(head); found != corpus.npos; found = corpus.find(head, at)) {
+            text.append(corpus.substr(at, found - at)).append(head).append(std::to_string(++tree));
+            at = corpus.find('\n', found);
+        }
+        text.append(corpus.substr(at));
+    }
+    return text;
+}
+
+void picture(Workbench &w, const std::string &name) {
+    if (const char *folder = std::getenv("BRINDLE_PICTURES"))
+        w.gui().screenshot(std::string(folder) + "/" + name);
+}
+
 Workbench::Workbench(const std::string &corpus, const std::string &name, std::vector<std::string> options,
                      const std::string &prolog, const std::string &companion)
     : directory_(make_directory()), name_(name) {
@@ -83,6 +104,14 @@ std::string Workbench::edit() {
     const UiMap &map = gui_->wait_until(
         "new tree window", [&](const UiMap &m) { return std::ranges::any_of(m.frames, is_new); });
     return in_hand_ = std::ranges::find_if(map.frames, is_new)->handle();
+}
+
+void Workbench::open_batch_box() {
+    press("Batch");
+    gui_->wait_focus("Batch processing");
+    gui_->server().move_window("Batch processing", 4, 20);
+    gui_->wait_until("box beside the window",
+                     [](const UiMap &map) { return map.frame("Batch processing")->area.x < 20; });
 }
 
 void Workbench::choose_at(const std::string &path, const std::vector<std::string> &entries) {

@@ -10,6 +10,13 @@ namespace brindle::windows {
 // Three trees; the first and the third are checked.
 extern const char *const small_corpus;
 
+// The trees of the small corpus that many times over, numbered through, as the workbench saves them.
+std::string many_trees(int copies);
+
+// Saves a picture of the screen in the folder BRINDLE_PICTURES, where somebody wants to look at it.
+class Workbench;
+void picture(Workbench &w, const std::string &name);
+
 class Workbench {
   public:
     // Writes the corpus to the file `name` in a directory of its own and starts the workbench there. The
@@ -34,6 +41,8 @@ class Workbench {
     const ShownNode *node(const std::string &path) { return gui_->map().node(path, in_hand_); }
     // The rows of the selector that "select" shows at a node, which is closed again.
     std::string rows_offered(const std::string &path);
+    // Opens the batch box of the window in hand, and moves it to where it does not hide that window.
+    void open_batch_box();
     // Opens the menu of a node, of which only visible ones can be clicked, and chooses the entry.
     void choose_at(const std::string &path, const std::vector<std::string> &entries);
     // Opens "Preferences" beside the tree and chooses.

@@ -148,8 +148,7 @@ TEST_F(WorkbenchProlog, asks_nothing_while_an_answer_is_awaited) {
 TEST_F(WorkbenchProlog, drives_batch_runs_on_the_roots) {
     edit_whole_tree();
     set_predicate("reply");
-    gui().press("Batch");
-    gui().wait_frame("Batch processing");
+    w->open_batch_box();
     w->type_into_slider("To:    ", "2");
     gui().key("Return");
     gui().press("Expand all nodes");
@@ -158,6 +157,27 @@ TEST_F(WorkbenchProlog, drives_batch_runs_on_the_roots) {
     w->answer("flight London-Oslo 19:00, 88 euros");
     wait_ready();
     EXPECT_TRUE(gui().active("button", "Let prolog evaluate root-nodes"));
+}
+
+TEST_F(WorkbenchProlog, filters_all_nodes_of_a_run) {
+    edit_whole_tree();
+    set_predicate("normal");
+    w->open_batch_box();
+    w->type_into_slider("To:    ", "2");
+    gui().key("Return");
+    gui().press("Expand all nodes");
+    EXPECT_EQ(w->tree(), "2");
+    gui().press("Filter all nodes through prolog");
+    w->wait_footer("");
+    wait_ready();
+    EXPECT_EQ(w->tree(), "2");
+    w->turn_to(1);
+    EXPECT_EQ(w->tag("."), "list(X^train(X),Y^to(Y,lyon))");
+    EXPECT_EQ(w->tag("1"), "X^list(Y^train(Y),X)");
+    EXPECT_EQ(w->tag("2.1"), "X^to(X,lyon)");
+    w->turn_to(3);
+    EXPECT_EQ(w->tag("1"), "");
+    EXPECT_EQ(w->tag("."), "ask(some(d3,X^true))") << "it is not in the range";
 }
 
 TEST_F(WorkbenchProlog, exports_to_latex) {

@@ -1,19 +1,11 @@
 // Finding, choosing and copying tags in windows: the search box, the annotation selectors, the copy mode.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "stats/tables.hpp"
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
 namespace {
-
-// Saves a picture of the screen where somebody wants to look at it.
-void picture(Workbench &w, const std::string &name) {
-    if (const char *folder = std::getenv("BRINDLE_PICTURES"))
-        w.gui().screenshot(std::string(folder) + "/" + name);
-}
 
 TEST(workbench_search, matches_are_shown_one_after_another) {
     Workbench w;

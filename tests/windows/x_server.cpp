@@ -266,6 +266,11 @@ void XServer::resize_window(const std::string &title, unsigned w, unsigned h) {
     XSync(display_, False);
 }
 
+void XServer::move_window(const std::string &title, int x, int y) {
+    XMoveWindow(display_, window_titled(title), x, y);
+    XSync(display_, False);
+}
+
 void XServer::screenshot(const std::string &file) {
     const auto width = static_cast<unsigned>(DisplayWidth(display_, DefaultScreen(display_)));
     const auto height = static_cast<unsigned>(DisplayHeight(display_, DefaultScreen(display_)));

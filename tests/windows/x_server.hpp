@@ -76,6 +76,7 @@ class XServer {
     void sync_manager();
     // Asks for another size of a window, as a person does at its border.
     void resize_window(const std::string &title, unsigned w, unsigned h);
+    void move_window(const std::string &title, int x, int y);
     // Writes what is on the screen as a portable pixmap.
     void screenshot(const std::string &file);
 
