@@ -1,7 +1,11 @@
-# Shared by ./run and ./test: what they need, and how they get and build it. Sourced, not run.
+# Shared by ./run, ./test and the scripts beside this file: what they need, and how they get and build it. Sourced, not
+# run.
 
 say() { printf '%s\n' "$*" >&2; }
 die() { say "$*"; exit 1; }
+
+# Prints the comment at the head of the script and ends it.
+show_help() { sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$1"; exit 0; }
 
 build_packages=(g++ cmake ninja-build pkg-config libfltk1.3-dev libxft-dev libx11-dev libfontconfig-dev libfmt-dev
     robin-map-dev libcli11-dev)
