@@ -64,11 +64,12 @@ struct Frame::Impl {
     Fl_Widget *first_focus();               // that gets it when the frame opens
     std::vector<ItemView *> focus_items();  // that can have it, in the order of Tab
     ItemView *view_of(const Fl_Widget *widget) const;
-    void focus_on(Fl_Widget *widget);  // now, or when the frame has the keyboard
-    void give_focus(ItemView &view);   // and selects its text
-    void offer_focus(ItemView &view);  // takes it if nothing of use has it
-    void handle_key();        // the key of FLTK's current event
-    void commit_elsewhere();  // a button press outside the field that has the keyboard
+    void move_keyboard_to(Fl_Widget *widget);  // and shows it
+    void focus_on(Fl_Widget *widget);          // now, or when the frame has the keyboard
+    void give_focus(ItemView &view);           // and selects its text
+    void offer_focus(ItemView &view);          // takes it if nothing of use has it
+    void handle_key();                         // the key of FLTK's current event
+    void commit_elsewhere();                   // a button press outside the field that has the keyboard
 
   private:
     bool background_key(Panel *panel, const Event &event);

@@ -96,10 +96,17 @@ Fl_Widget *Frame::Impl::focus_widget() {
     return takes_keys(last_focus) ? last_focus : first_focus();
 }
 
+// FLTK tells the widget that loses the keyboard, but not the one that gets it.
+void Frame::Impl::move_keyboard_to(Fl_Widget *widget) {
+    if (widget == Fl::focus()) return;
+    Fl::focus(widget);
+    if (ItemView *view = view_of(widget)) view->redraw();
+}
+
 // FLTK would fetch the keyboard to the window.
 void Frame::Impl::focus_on(Fl_Widget *widget) {
     last_focus = widget;
-    if (has_keyboard) Fl::focus(widget);
+    if (has_keyboard) move_keyboard_to(widget);
 }
 
 void Frame::Impl::give_focus(ItemView &view) {
@@ -159,7 +166,7 @@ void Frame::Impl::handle_key() {
     const Event event = decode_key();
     if (key_hook && key_hook(event)) return;
     Fl_Widget *widget = focus_widget();
-    if (widget != Fl::focus()) Fl::focus(widget);
+    move_keyboard_to(widget);
     ItemView *view = view_of(widget);
     Panel *panel = view ? &view->item->panel() : panels.empty() ? nullptr : panels[0].get();
     const bool typing = (view && view->takes_text()) || text_has_focus(widget);
@@ -174,7 +181,7 @@ void Frame::Impl::handle_key() {
 // The keyboard comes to the window: whoever had it there last has it again, not simply the first child.
 int TopWindow::handle(int event) {
     if (event != FL_FOCUS) return Fl_Double_Window::handle(event);
-    if (Fl_Widget *widget = impl.focus_widget()) Fl::focus(widget);
+    if (Fl_Widget *widget = impl.focus_widget()) impl.move_keyboard_to(widget);
     return 1;
 }
 
