@@ -116,7 +116,7 @@ int main(int argc, char **argv) {
     print("nodes", nr_of_nodes);
     print("bytes_per_node", bytes / nr_of_nodes);
     if (nodes.empty()) return 0;
-    constexpr int nr_of_changes = 200000;
+    constexpr int nr_of_changes = 3000000;
     print("new_label_seconds", seconds_of_label_changes(nodes, nr_of_changes) / nr_of_changes);
     const int nr_of_checks = std::min(amount, 20000);
     const double checks = seconds_of_checks(nr_of_checks);

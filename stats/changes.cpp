@@ -9,6 +9,7 @@
 #include "model/limits.hpp"
 #include "model/text.hpp"
 #include "model/traversal.hpp"
+#include "stats/change_ahead.hpp"
 #include "stats/links.hpp"
 
 namespace brindle {
@@ -25,6 +26,7 @@ Label *label_of(std::string_view text) {
 // The nodes whose contexts name the node's labels: its daughters, the rightmost first, and the node itself.
 std::vector<Node *> concerned_with(Node *node) {
     std::vector<Node *> nodes;
+    nodes.reserve(static_cast<std::size_t>(node->nr_of_dtrs) + 1);
     if (node->dtrs) do_with_sisters(node->dtrs, [&](Node *daughter) { nodes.push_back(daughter); });
     nodes.push_back(node);
     return nodes;
@@ -59,6 +61,7 @@ void change_cat(Node *node, std::string_view category, TreeView *view) {
 }
 
 void store_change(Node *node, std::string_view tag) {
+    fetch_change_ahead(node, tag);
     give_tag(node, label_of(tag));
 }
 

@@ -91,6 +91,9 @@ class Parents {
     std::uint32_t hash(const Context &context) const { return list_.hash(context); }
     void prefetch(std::uint32_t hash) const { list_.prefetch(hash); }
     void prefetch_element(std::uint32_t hash) const { list_.prefetch_element(hash); }
+    void prefetch_neighbours(const Context &context, std::uint32_t hash) const {
+        list_.prefetch_neighbours(context, hash);
+    }
     ParentRecord *add(const Context &context, Pool<ParentRecord> &pool) { return list_.add(context, pool); }
     void count_one_more(ParentRecord *record, bool checked);
     void count_one_less(ParentRecord *record, bool checked, Pool<ParentRecord> &pool);

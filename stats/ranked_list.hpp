@@ -121,6 +121,19 @@ class RankedList {
         if (length_ > 1) index_.prefetch_record(hash);
     }
 
+    // What is looked at besides when this element leaves the list, or an element enters it (null).
+    void prefetch_neighbours(const T *element) const {
+        if (!element) {
+            fetch_ahead(is_ordered_ ? static_cast<const void *>(lowest_) : first_);
+        } else if (element->count == 1) {
+            fetch_ahead(element->prev);
+            fetch_ahead(element->next);
+        }
+    }
+    void prefetch_neighbours(const Key &key, std::uint32_t hash) const {
+        prefetch_neighbours(find(key, hash));
+    }
+
     // Counts one more of the key, creating its element from the pool; as checked too if `checked`. Returns
     // it.
     T *count_one_more(const Key &key, bool checked, Pool<T> &pool) {
