@@ -281,6 +281,13 @@ void Gui::key(const std::string &name) {
     sync();
 }
 
+void Gui::at_once(const std::function<void(XServer &)> &events) {
+    program_->halt(true);
+    events(server_);
+    program_->halt(false);
+    sync();
+}
+
 std::string Gui::value(const std::string &kind, const std::string &label, const std::string &title) {
     const ShownItem *item = map().item(kind, label, title);
     if (!item) fail("no " + kind + " \"" + label + "\"");

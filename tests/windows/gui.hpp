@@ -59,6 +59,9 @@ class Gui {
     void type(const std::string &utf8);
     void key(const std::string &name);
 
+    // The program finds all these events waiting at once: what comes after the first meets it at work.
+    void at_once(const std::function<void(XServer &)> &events);
+
     std::vector<std::string> lines(const std::string &title) { return map().lines(title); }
     std::string footer(const std::string &title) { return wait_frame(title).footer; }
     std::string value(const std::string &kind, const std::string &label, const std::string &title = {});

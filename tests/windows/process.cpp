@@ -55,6 +55,10 @@ bool Process::runs() {
     return pid_ > 0;
 }
 
+void Process::halt(bool halted) {
+    if (runs()) kill(pid_, halted ? SIGSTOP : SIGCONT);
+}
+
 int Process::wait(double seconds) {
     pollfd ended{handle_, POLLIN, 0};
     if (runs()) poll(&ended, 1, static_cast<int>(seconds * 1000));
