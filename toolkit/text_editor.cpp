@@ -151,7 +151,23 @@ void TextEditor::bind_keys() {
     for (const Binding &binding : KEYS) add_key_binding(binding.key, binding.state, binding.function);
 }
 
+// FLTK hands a line that is not wrapped to the X server as one piece, which has to fit into a request.
+void TextEditor::look_for_long_lines(int at, int end) {
+    constexpr int longest = 10000;
+    for (int start = buffer_.line_start(at); start < end && !too_long_;) {
+        const int next = buffer_.line_end(start) + 1;
+        too_long_ = next - start > longest;
+        start = next;
+    }
+}
+
+// Not while a change is told of: the display may not have heard of it yet.
+void TextEditor::wrap_long_lines() {
+    if (too_long_ && !mContinuousWrap) wrap_mode(WRAP_AT_BOUNDS, 0);
+}
+
 void TextEditor::changed(int at, int inserted, int deleted, const char *deleted_text) {
+    look_for_long_lines(at, at + std::max(inserted, 1));
     if (!recording_ || (inserted == 0 && deleted == 0)) return;
     TextEdit edit{static_cast<std::size_t>(at), {}, {}};
     if (deleted > 0) edit.deleted.assign(deleted_text, static_cast<std::size_t>(deleted));
@@ -165,6 +181,7 @@ void TextEditor::load(const std::string &utf8) {
     buffer_.text(utf8.c_str());
     recording_ = true;
     history_.forget();
+    wrap_long_lines();
     go_to(0);
 }
 
@@ -262,7 +279,9 @@ int TextEditor::handle(int event) {
         history_.end_step();
         Fl::focus(this);
     }
-    return editable ? Fl_Text_Editor::handle(event) : Fl_Text_Display::handle(event);
+    const int done = editable ? Fl_Text_Editor::handle(event) : Fl_Text_Display::handle(event);
+    wrap_long_lines();
+    return done;
 }
 
 }  // namespace brindle::tk

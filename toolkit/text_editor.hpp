@@ -34,6 +34,8 @@ class TextEditor : public Fl_Text_Editor {
 
   private:
     void bind_keys();
+    void look_for_long_lines(int at, int end);
+    void wrap_long_lines();
     std::string with_bearable_lines(const std::string &utf8) const;
     void changed(int at, int inserted, int deleted, const char *deleted_text);
     void apply(const TextEdit &edit, bool forward);
@@ -41,6 +43,7 @@ class TextEditor : public Fl_Text_Editor {
     Fl_Text_Buffer buffer_;
     History history_;
     bool recording_ = true;
+    bool too_long_ = false;  // a line cannot be drawn in one piece
 };
 
 }  // namespace brindle::tk

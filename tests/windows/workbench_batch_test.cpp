@@ -1,4 +1,4 @@
-// Proposing, batch runs and the syntax editor in windows.
+// Proposing and batch runs in windows.
 #include <gtest/gtest.h>
 
 #include "windows/workbench_driver.hpp"
@@ -41,29 +41,6 @@ TEST(workbench_batch, a_selection_is_counted_evaluated_and_undone) {
     w.gui().key("Return");
     w.wait_footer("Selection written to selection....");
     EXPECT_EQ(w.file("selection").substr(0, 31), "\ntree #1\nitem #1\n\n*\n(\n (S|s(d1,");
-}
-
-TEST(workbench_batch, a_subtree_is_edited_as_text) {
-    Workbench w;
-    w.edit();
-    w.gui().click_node("2.2");
-    w.gui().click_node("2.2");
-    w.choose_at("2.2", {"edit syntax"});
-    w.gui().wait_frame("Syntax Editor");
-    picture(w, "editor.png");
-    w.gui().key("ctrl+a");
-    w.gui().type("(PP IN/under\n(NP DT/a NN|thing/chair)");
-    w.gui().press("Ok", "Syntax Editor");
-    w.answer("Unmatched '('");
-    w.gui().type(")");
-    w.gui().press("Ok", "Syntax Editor");
-    w.gui().wait_gone("Syntax Editor");
-    EXPECT_EQ(w.tag("2.2.2.2"), "thing");
-    EXPECT_EQ(w.gui().value("checkbox", "Check:"), "0");
-    w.gui().press("Save");
-    w.wait_footer("small.trees saved");
-    EXPECT_NE(w.file("small.trees").find("(PP IN/under\n            (NP DT/a NN|thing/chair))"),
-              std::string::npos);
 }
 
 }  // namespace

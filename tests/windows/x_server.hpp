@@ -35,7 +35,7 @@ class Process {
     Process(const Process &) = delete;
     Process &operator=(const Process &) = delete;
     bool runs();
-    void halt(bool halted);  // stops it where it is, or lets it go on
+    void halt(bool halted);                 // stops it where it is, or lets it go on
     int handle() const { return handle_; }  // a descriptor that can be read when it has ended
     // Waits for its end; the exit status, or -1 for an end by a signal, -2 when it does not end in time.
     int wait(double seconds = 20);
