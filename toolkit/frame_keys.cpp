@@ -170,7 +170,8 @@ void Frame::Impl::handle_key() {
     ItemView *view = view_of(widget);
     Panel *panel = view ? &view->item->panel() : panels.empty() ? nullptr : panels[0].get();
     const bool typing = (view && view->takes_text()) || text_has_focus(widget);
-    if (event.code && !typing && background_key(panel, event)) return;
+    const bool presses = event.code == CODE_RETURN && view && view->kind() == std::string_view("button");
+    if (event.code && !typing && !presses && background_key(panel, event)) return;
     if (event.code && view && view->key(event)) return;
     const bool editing = text_has_focus(widget) && text->editable();
     if (!editing && default_key(panel, event)) return;

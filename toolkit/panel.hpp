@@ -62,8 +62,8 @@ class Panel : public Object {
     void set_default_item(Button &button);
     // The button that Escape presses; without one it is the button labelled "Cancel".
     void set_cancel_item(Button &button);
-    // Keys that no text field wants, presses and releases, before anything else is done with them. Result:
-    // the event has been dealt with.
+    // Keys that no text field wants, presses and releases, before anything else is done with them, but for
+    // Return on a button. Result: the event has been dealt with.
     void set_background_event(std::function<bool(Panel &, const Event &)> callback);
     // The panel takes keystrokes though it has no field.
     void accept_keystrokes(bool accept);
