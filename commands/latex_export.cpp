@@ -19,12 +19,17 @@ void show_latex_requestor(TreeWindow &tw, Node &node) {
     position_frame_from_menu(*tw.latexfile_requestor, *tw.subtrees_menu, tw);
 }
 
-void tell_unwritten(const std::string &name, TreeWindow &tw) {
+void tell_unwritten(const std::string &name, const std::string &reason, TreeWindow &tw) {
     tk::NoticeSpec spec;
     spec.place = tk::place_on(*tw.panel);
-    spec.message = {"cannot write to", name};
+    spec.message = {"cannot write to", name, reason};
     spec.buttons = {{"Bummer!", 1}};
     tk::notice_prompt(spec);
+}
+
+// The window may have turned to another tree since the menu was opened.
+int tree_number_of(const Node &node) {
+    return static_cast<int>(tree_of(&node) - forest.data());
 }
 
 void make_latexfile(TreeWindow &tw, tk::TextField &field) {
@@ -33,13 +38,13 @@ void make_latexfile(TreeWindow &tw, tk::TextField &field) {
     Node *node = node_of(*tw.latexfile_requestor);
     if (!node || name.empty() || !may_write(name, *tw.latexfile_requestor, tw)) return;
     OutputFile file(name);
-    const bool written = file.ok() &&
-                         file.write(latex_document(node, tw.tree_number, CORPUS, tw.show_punctuation)) &&
-                         file.commit();
+    const bool written =
+        file.ok() && file.write(latex_document(node, tree_number_of(*node), CORPUS, tw.show_punctuation)) &&
+        file.commit();
     if (written)
         show_foot(*tw.frame, fmt::format("{} created", name));
     else
-        tell_unwritten(name, tw);
+        tell_unwritten(name, file.error(), tw);
 }
 
 }  // namespace

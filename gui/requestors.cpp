@@ -1,5 +1,6 @@
 // The requestors: command windows with one text field, "Ok" and "Cancel".
 #include "gui/command_windows.hpp"
+#include "model/file_names.hpp"
 
 namespace brindle {
 
@@ -10,6 +11,7 @@ void create_file_requestor(TreeWindow &tw) {
     tw.format_choice = &panel.add_choice("Write in:", tk::new_row(),
                                          {"ATIS-format", "DOP-format", "DOP-format2", "Info-format"},
                                          value_callback<tk::Choice>(&Commands::auginfo));
+    name.set_completer(complete_file_name);
     add_ok_and_cancel(*tw.file_requestor, name, call_field_command<&Commands::which_save_as>);
     fit_with_title(*tw.file_requestor);
 }
@@ -18,6 +20,7 @@ void create_results_requestor(TreeWindow &tw) {
     tw.results_requestor = &tw.frame->add_command_frame("Save evaluation results in:");
     tk::TextField &name = tw.results_requestor->panel().add_text_field("File name:", tk::first_at(),
                                                                        {.shown = 30, .stored = 160});
+    name.set_completer(complete_file_name);
     add_ok_and_cancel(*tw.results_requestor, name, call_field_command<&Commands::propose_results_to_name>);
     fit_with_title(*tw.results_requestor);
 }
@@ -38,6 +41,7 @@ void create_latexfile_requestor(TreeWindow &tw) {
     tk::Panel &panel = tw.latexfile_requestor->panel();
     panel.add_message("Give filename for LaTeX representation of selected tree", tk::first_at());
     tk::TextField &name = panel.add_text_field("    File:", tk::new_row(), {.shown = 30});
+    name.set_completer(complete_file_name);
     add_ok_and_cancel(*tw.latexfile_requestor, name, call_field_command<&Commands::make_latexfile>);
     fit_with_title(*tw.latexfile_requestor);
 }

@@ -16,8 +16,8 @@ std::string many_tags(int trees) {
     std::string text;
     for (int n = 1; n <= trees; ++n) {
         const std::string number = std::to_string(n);
-        text += "\n\ntree #" + number + "\n*\n(\n (S|s (NP|tag_of_some_length_" + number + " NN/cat) (VP VB|v" +
-                number + "/runs)))\n";
+        text += "\n\ntree #" + number + "\n*\n(\n (S|s (NP|tag_of_some_length_" + number +
+                " NN/cat) (VP VB|v" + number + "/runs)))\n";
     }
     return text;
 }
