@@ -98,12 +98,19 @@ const Binding META_KEYS[] = {
 };
 
 const Binding KEYS[] = {
-    {'n', FL_CTRL, key_down},          {'p', FL_CTRL, key_up},
-    {'/', FL_CTRL, key_next_word},     {FL_BackSpace, 0, key_backspace},
-    {FL_Delete, FL_SHIFT, key_delete}, {FL_BackSpace, FL_SHIFT, key_delete},
-    {'u', FL_CTRL, key_line_start},    {'u', SHIFT_CTRL, key_line_end},
-    {'w', FL_CTRL, key_word_before},   {'w', SHIFT_CTRL, key_word_behind},
-    {'z', FL_CTRL, key_undo},          {'z', SHIFT_CTRL, key_redo},
+    {'n', FL_CTRL, key_down},
+    {'p', FL_CTRL, key_up},
+    {FL_Delete, 0, key_backspace},
+    {'/', FL_CTRL, key_next_word},
+    {FL_BackSpace, 0, key_backspace},
+    {FL_Delete, FL_SHIFT, key_delete},
+    {FL_BackSpace, FL_SHIFT, key_delete},
+    {'u', FL_CTRL, key_line_start},
+    {'u', SHIFT_CTRL, key_line_end},
+    {'w', FL_CTRL, key_word_before},
+    {'w', SHIFT_CTRL, key_word_behind},
+    {'z', FL_CTRL, key_undo},
+    {'z', SHIFT_CTRL, key_redo},
     {'y', FL_CTRL, key_redo},
 };
 

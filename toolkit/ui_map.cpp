@@ -1,12 +1,14 @@
 // The screen map, for tests and scripts. With BRINDLE_UI_MAP=FILE the file is rewritten whole whenever what
 // is on the screen has changed and nothing else is to be done. Tab-separated lines, screen pixels:
+// clang-format off
 //   serial  N                                                        rises by 1 at each rewrite
-//   frame   id  owner's id  title  footer  busy|idle  x  y  w  h      shown frames, notices and menus,
-//   topmost last text    frame's id  text                                         lines of notices and text
-//   windows in view item    frame's id  kind  label  value  active|inactive  x  y  w  h row     frame's id
-//   list's label  text  selected|-  x  y  w  h   rows in view node    frame's id  what the canvas's user says
-//   of it  x  y  w  h
+//   frame   id  owner's id  title  footer  busy|idle  x  y  w  h     shown frames, notices, menus; topmost last
+//   text    frame's id  text                                         lines of notices and text windows in view
+//   item    frame's id  kind  label  value  active|inactive  x  y  w  h
+//   row     frame's id  list's label  text  selected|-  x  y  w  h   rows in view
+//   node    frame's id  what the canvas's user says of it  x  y  w  h
 // Newlines and tabs inside a text are written \n and \t. Without the variable nothing of this runs.
+// clang-format on
 #include "toolkit/ui_map.hpp"
 
 #include <X11/Xatom.h>

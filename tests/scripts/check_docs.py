@@ -1,0 +1,118 @@
+#!/usr/bin/env python3
+"""Holds the documentation against the project: every relative link and picture leads somewhere, no picture lies unused,
+the guide names whatever can be pressed or chosen in the windows and whatever notices say, and the pages name every
+environment variable and folder. Exits with 1 and a line a fault."""
+import re
+import sys
+from pathlib import Path
+
+TOP = Path(__file__).resolve().parents[2]
+PAGES = [TOP / "README.md", TOP / "examples" / "README.md", *sorted((TOP / "docs").rglob("*.md"))]
+LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
+STRING = r'"((?:[^"\\]|\\.)*)"'
+# What is pressed or chosen: items of panels, entries of the tables of buttons and menus.
+ITEM = re.compile(r"add_(?:button|check_box|choice|slider|text_field|numeric_field|command_frame)\(\s*" + STRING)
+COMMAND = re.compile(r"\{" + STRING + r",\s*(?:&Commands::|nullptr)")
+CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
+# The answers of notices.
+BUTTONS = re.compile(r"\{" + STRING + r",\s*[A-Z_a-z0-9]+\}")
+
+
+def text_of(page):
+    return page.read_text(encoding="utf-8")
+
+
+def without_code(text):
+    """Indented blocks and code in back-quotes hold no links."""
+    lines = [line for line in text.splitlines() if not line.startswith("    ")]
+    return re.sub(r"`[^`]*`", "", "\n".join(lines))
+
+
+def anchors(page):
+    """The places in a page that a link can name: headings, as GitHub names them, and anchors."""
+    text = text_of(page)
+    headings = re.findall(r"^#+ (.*)$", text, re.M)
+    named = {re.sub(r"[^\w -]", "", heading.lower()).replace(" ", "-") for heading in headings}
+    return named | set(re.findall(r'<a id="([^"]+)"', text))
+
+
+def broken_links():
+    for page in PAGES:
+        for link in LINK.findall(without_code(text_of(page))):
+            if re.match(r"[a-z]+:", link):
+                continue
+            name, _, anchor = link.partition("#")
+            target = (page.parent / name).resolve() if name else page
+            where = page.relative_to(TOP)
+            if not target.exists():
+                yield f"{where}: no {link}"
+            elif anchor and anchor not in anchors(target):
+                yield f"{where}: no place {anchor} in {target.relative_to(TOP)}"
+
+
+def unused_pictures():
+    shown = {(page.parent / link).resolve() for page in PAGES for link in LINK.findall(text_of(page))}
+    for picture in sorted((TOP / "docs" / "pictures").iterdir()):
+        if picture not in shown:
+            yield f"{picture.relative_to(TOP)}: no page shows it"
+
+
+def plain(label):
+    """A label as a person reads it: without padding, and as the pages quote it."""
+    return " ".join(label.replace("\\n", " ").split())
+
+
+def labels():
+    """Labels in gui/ and the buttons of notices in commands/, with the files they stand in."""
+    for path in sorted((TOP / "gui").glob("*.cpp")):
+        code = text_of(path)
+        found = ITEM.findall(code) + COMMAND.findall(code)
+        found += [label for choices, *_ in CHOICES.findall(code) for label in re.findall(STRING, choices)]
+        for tables in re.findall(r"constexpr const char \*\w+\[\] = \{(.*?)\};", code, re.S):
+            found += re.findall(STRING, tables)
+        yield from ((path, label) for label in found)
+    for path in sorted((TOP / "commands").glob("*.cpp")):
+        for spec in re.findall(r"buttons = \{(.*?)\};|ask_at\((.*?)\);", text_of(path), re.S):
+            yield from ((path, label) for label in BUTTONS.findall("".join(spec)))
+
+
+def unnamed_labels():
+    guide = plain(" ".join(text_of(page) for page in PAGES if "guide" in page.parts[-2:][0] or page.stem == "guide"))
+    for path, label in labels():
+        label = plain(label)
+        if label not in ("", "#") and f'"{label}"' not in guide and f'"{label} ' not in guide:
+            yield f"{path.relative_to(TOP)}: the guide does not name \"{label}\""
+
+
+def unnamed_things():
+    pages = " ".join(text_of(page) for page in PAGES)
+    code = " ".join(text_of(path) for folder in ("model", "prolog", "toolkit") for path in (TOP / folder).glob("*.cpp"))
+    for name in sorted(set(re.findall(r'"(BRINDLE_[A-Z_]+)"', code))):
+        if f"`{name}`" not in pages and not name.startswith("BRINDLE_UI_SYNC"):
+            yield f"no page names the variable {name}"
+    mapped = text_of(TOP / "docs" / "map.md")
+    for folder in sorted(path.parent.name for path in TOP.glob("*/*.cpp")):
+        if f"`{folder}/`" not in mapped:
+            yield f"docs/map.md does not name the folder {folder}/"
+    for name in sorted(set(re.findall(r"^extern (?!const )[^;(]*?\b(\w+)(?:\[\d\])?;", code_of_headers(), re.M))):
+        if f"`{name}`" not in mapped and name not in ("label_links", "lex_links", "parent_records"):
+            yield f"docs/map.md does not name the global {name}"
+
+
+def code_of_headers():
+    headers = (path for folder in TOP.glob("*/") for path in folder.glob("*.hpp"))
+    return "\n".join(re.sub(r"\n\s+", " ", text_of(path)) for path in headers)
+
+
+def main():
+    if len(list(labels())) < 80:
+        sys.exit("The windows' labels were not found: has the code been rearranged?")
+    faults = [*broken_links(), *unused_pictures(), *unnamed_labels(), *unnamed_things()]
+    for fault in faults:
+        print(fault)
+    print(f"{len(PAGES)} pages, {len(list(labels()))} labels, {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
