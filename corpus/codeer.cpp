@@ -4,15 +4,16 @@
 #include <array>
 #include <cerrno>
 #include <deque>
-#include <utility>
 #include <vector>
 
 #include <fmt/format.h>
 #include <tsl/robin_map.h>
 #include <tsl/robin_set.h>
 
+#include "corpus/word_codes.hpp"
 #include "model/error.hpp"
 #include "model/output_file.hpp"
+#include "model/traversal.hpp"
 #include "stats/tables.hpp"
 
 namespace brindle {
@@ -46,12 +47,6 @@ struct HashOfAddress {
     std::size_t operator()(const void *record) const { return mix_hash(record, nullptr); }
 };
 
-// The code of a tag that a word has in a category.
-struct WordCode {
-    std::int32_t index;  // among the tags of the word in this category
-    bool used;           // its line stands in ".encoding"
-};
-
 void append_production(std::string &line, const Production &production) {
     line += fmt::format("{}\t", production.count);
     const std::string &key = production.key;
@@ -80,14 +75,12 @@ struct EncodingRun::Tables {
     tsl::robin_map<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
     std::string key;                                                   // room for the one in hand
 
-    tsl::robin_map<const LexLink *, WordCode, HashOfAddress> word_codes;
+    WordCodes word_codes;
     tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
     TextBuffer lines{encoding};
 
     Production &production_of(const Node *node);
-    void number_tags_of(const LexEntry *word);
-    WordCode &word_code_of(const Node *node);
     bool is_listed(const Node *node, std::string_view code);
 };
 
@@ -140,33 +133,6 @@ std::string EncodingRun::codeer(const Node *node, int tree) {
     return code;
 }
 
-// The tags of a word are numbered all at once, for each category in the order of the word's list.
-void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
-    std::vector<std::pair<const LabelEntry *, int>> few;  // how many tags of a category there have been
-    tsl::robin_map<const LabelEntry *, int, HashOfAddress> many;
-    const auto next_number = [&](const LabelEntry *syn) {
-        constexpr std::size_t most_for_a_walk = 16;
-        if (!many.empty()) return many[syn]++;
-        for (auto &[category, number] : few)
-            if (category == syn) return number++;
-        few.emplace_back(syn, 1);
-        if (few.size() > most_for_a_walk) many.insert(few.begin(), few.end());
-        return 0;
-    };
-    for (const LexLink *link = word->links.first(); link; link = link->next)
-        if (link->sem->name) word_codes.try_emplace(link, WordCode{next_number(link->syn), false});
-}
-
-WordCode &EncodingRun::Tables::word_code_of(const Node *node) {
-    auto found = word_codes.find(node->lexlink);
-    if (found == word_codes.end()) {
-        number_tags_of(word_entry(node));
-        found = word_codes.find(node->lexlink);
-        if (found == word_codes.end()) fault_in_hashtable();
-    }
-    return found.value();
-}
-
 // Whether another word has come to the key already. Only labels with a '_' can make two words meet.
 bool EncodingRun::Tables::is_listed(const Node *node, std::string_view code) {
     const auto has_line = [](const Label *label) {
@@ -176,9 +142,17 @@ bool EncodingRun::Tables::is_listed(const Node *node, std::string_view code) {
     return !word_keys.insert(fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code)).second;
 }
 
+void EncodingRun::fetch_ahead_of_codes(const Node *root) const {
+    for (const Node *node = root; node; node = next_in_document(node, root)) {
+        if (!node->lexlink) continue;
+        fetch_ahead(node->lex);
+        if (node->sem) tables_->word_codes.prefetch(node->lexlink);
+    }
+}
+
 std::string EncodingRun::codeerlex(const Node *node) {
-    WordCode &word_code = tables_->word_code_of(node);
-    std::string code = letters(word_code.index);
+    WordCodes::Code &word_code = tables_->word_codes.code_of(node->lexlink, word_entry(node));
+    std::string code = letters(static_cast<int>(word_code.index));
     if (!word_code.used) {
         word_code.used = true;
         if (!tables_->is_listed(node, code))

@@ -27,6 +27,9 @@ class EncodingRun {
     EncodingRun();
     ~EncodingRun();
 
+    // Asks memory for what the codes of a tree's words will look at.
+    void fetch_ahead_of_codes(const Node *root) const;
+
     // The code of a tag: ay, by ... zy, aay ... in the order of first use.
     std::string codeer_old(const Label *tag);
 
