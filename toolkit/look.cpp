@@ -151,6 +151,8 @@ void draw_triangle(Box box, char direction, Fl_Color colour) {
     fl_color(colour);
     if (direction == 'v') {
         fl_polygon(x - size, y - size / 2, x + size, y - size / 2, x, y + size - size / 2);
+    } else if (direction == '^') {
+        fl_polygon(x - size, y + size / 2, x + size, y + size / 2, x, y - size + size / 2);
     } else {
         fl_polygon(x - size / 2, y - size, x + size - size / 2, y, x - size / 2, y + size);
     }

@@ -53,7 +53,7 @@ void draw_text(const std::string &utf8, Box box, Align align, Fl_Color colour, b
 void draw_frame_box(Box box, Fl_Color face, Fl_Color border, Fl_Color ground = look::GROUND);
 // A field's box; with the keyboard it has a thicker border in the accent colour.
 void draw_field(Box box, bool focused, bool active);
-// A small triangle that points down, right, ... ('v', '>') in the middle of the box.
+// A small triangle that points down, up or right ('v', '^', '>') in the middle of the box.
 void draw_triangle(Box box, char direction, Fl_Color colour);
 // A tick in the middle of the box.
 void draw_tick(Box box, Fl_Color colour);

@@ -17,7 +17,9 @@ namespace brindle::tk {
 
 namespace {
 
-constexpr int STILL = 4;  // px that the pointer may move before it has moved
+constexpr int STILL = 4;              // px that the pointer may move before it has moved
+constexpr double SCROLL_STEP = 0.06;  // seconds between two entries while the pointer is on an arrow
+constexpr int WHEEL_ENTRIES = 3;
 
 // A window is in the middle of its event when it goes: FLTK frees it later.
 struct Later {
@@ -46,8 +48,9 @@ Point kept_on_screen(Point at, Size size) {
             std::clamp(at.y, area.y, std::max(area.y, area.y + area.h - size.h))};
 }
 
-PopupWindow &push_level(Menu &menu, int min_width) {
-    return *session.levels.emplace_back(new PopupWindow(menu, min_width));
+PopupWindow &push_level(Menu &menu, int min_width, Point at) {
+    const int most_height = work_area(at).h;
+    return *session.levels.emplace_back(new PopupWindow(menu, min_width, most_height));
 }
 
 void show_level(PopupWindow &window, Point at) {
@@ -65,7 +68,7 @@ void open_submenu() {
     MenuItem *item = from.marked_item();
     if (!item || !item->submenu()) return;
     const Box entry = from.entry_box(from.marked());
-    PopupWindow &window = push_level(*item->submenu(), 0);
+    PopupWindow &window = push_level(*item->submenu(), 0, {entry.x, entry.y});
     const Box area = work_area({entry.x, entry.y});
     const int right = entry.x + entry.w - 2;
     const bool fits = right + window.w() <= area.x + area.w;
@@ -97,12 +100,32 @@ void notice_move(Point at) {
         session.live = true;
 }
 
+// Scrolls on as long as the pointer stays on an arrow.
+void scroll_again(void *) {
+    const Point at = pointer();
+    const std::size_t level = level_at(at);
+    const int direction = level < session.levels.size() ? session.levels[level]->arrow_at(at) : 0;
+    if (direction == 0) return;
+    session.levels[level]->scroll_by(direction);
+    Fl::repeat_timeout(SCROLL_STEP, scroll_again);
+}
+
+void scroll_at(Point at, int entries) {
+    const std::size_t level = level_at(at);
+    if (level == session.levels.size() || !session.levels[level]->scrolls()) return;
+    close_below(level);
+    session.levels[level]->mark(-1);
+    session.levels[level]->scroll_by(entries);
+}
+
 void follow_pointer(Point at) {
     notice_move(at);
     if (!session.live) return;
     const std::size_t level = level_at(at);
     if (level == session.levels.size()) return session.levels.back()->mark(-1);
     PopupWindow &window = *session.levels[level];
+    if (window.arrow_at(at) != 0 && !Fl::has_timeout(scroll_again))
+        Fl::add_timeout(SCROLL_STEP, scroll_again);
     const int entry = window.entry_at(at);
     const bool pulled = session.levels.size() > level + 1;
     if (pulled && entry == window.marked()) return session.levels.back()->mark(-1);
@@ -200,7 +223,7 @@ void open_popup(Menu &menu, Frame *owner, Point at, PopupOptions options) {
     session.owner = owner;
     session.opened = pointer();
     session.live = false;
-    PopupWindow &window = push_level(menu, options.min_width);
+    PopupWindow &window = push_level(menu, options.min_width, at);
     const Size size{window.w(), window.h()};
     const Box area = work_area(at);
     const bool above = options.below && at.y + size.h > area.y + area.h;
@@ -217,6 +240,7 @@ bool popup_shown() {
 
 void close_popups() {
     if (session.levels.empty()) return;
+    Fl::remove_timeout(scroll_again);
     XUngrabPointer(x_display(), CurrentTime);
     XUngrabKeyboard(x_display(), CurrentTime);
     while (!session.levels.empty()) session.levels.pop_back();
@@ -236,6 +260,8 @@ void popup_event(int event) {
             return press(pointer());
         case FL_RELEASE:
             return release(pointer());
+        case FL_MOUSEWHEEL:
+            return scroll_at(pointer(), Fl::event_dy() * WHEEL_ENTRIES);
         case FL_KEYBOARD:
             return key();
         default:
@@ -250,6 +276,7 @@ std::vector<PopupInfo> shown_popups() {
         PopupInfo info{window->id,           owner, window->menu().title(), window->screen_box(),
                        fl_xid(window.get()), {}};
         for (int n = 0; n < window->entries(); ++n) {
+            if (!window->in_view(n)) continue;
             const auto index = static_cast<std::size_t>(n);
             info.entries.push_back({window->menu().items()[index].get(), window->entry_box(n)});
         }

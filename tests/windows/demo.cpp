@@ -124,6 +124,8 @@ void make_menu(Demo &demo) {
     tk::Menu &all = undo.add_submenu("undo all edits");
     all.add_item("on this node", tell);
     all.add_item("on this tree", tell);
+    tk::Menu &far = demo.menu.add_submenu("far away");
+    for (int n = 1; n <= 60; ++n) far.add_item(fmt::format("place {}", n), tell);
 }
 
 void make_tree(Demo &demo) {

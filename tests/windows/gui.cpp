@@ -71,7 +71,10 @@ Gui::Gui(std::vector<std::string> command, GuiOptions options)
     environment.push_back("BRINDLE_UI_MAP=" + map_file_);
     program_ =
         std::make_unique<Process>(in_directory(directory_, command), environment, map_directory + "/errors");
-    wait_until("a first window", [](const UiMap &map) { return !map.frames.empty(); });
+    const auto started = [&](const UiMap &map) {
+        return map.serial > 0 && (options.iconic || !map.frames.empty());
+    };
+    wait_until("a first window", started);
 }
 
 Gui::~Gui() {

@@ -16,6 +16,7 @@ struct GuiOptions {
     bool window_manager = false;           // openbox runs (if it is installed)
     std::vector<std::string> environment;  // NAME=value
     std::string directory;                 // where the program runs; empty: a new one of its own
+    bool iconic = false;                   // it starts with no window in view
 };
 
 class Gui {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "windows/gui.hpp"
 
@@ -74,6 +75,38 @@ TEST_P(Windows, menus_by_mouse_and_by_keyboard) {
     gui.wait_frame("Places");
     gui.click_at(frame.x + 5, frame.y + frame.h - 40);  // beside the menu
     EXPECT_EQ(gui.map().frame("Places"), nullptr);
+}
+
+TEST_P(Windows, a_menu_higher_than_the_screen_scrolls) {
+    open("Tree", "Tree");
+    const auto entry = [&](int n) { return gui.map().item("menuentry", "place " + std::to_string(n)); };
+    const auto open_far = [&] {
+        gui.click_node("0.0", 3);
+        gui.wait_frame("Places");
+        gui.key("f");
+        gui.key("Right");
+        ASSERT_NE(entry(1), nullptr);
+        ASSERT_EQ(entry(60), nullptr) << "a menu that fits shows nothing";
+    };
+    open_far();
+    const Area menu = gui.map().frames.back().area;
+    EXPECT_GE(menu.y, 0);
+    EXPECT_LE(menu.y + menu.h, 1000);
+    if (const char *folder = std::getenv("BRINDLE_PICTURES"))
+        gui.screenshot(std::string(folder) + "/long_menu.png");
+    for (const char *key : {"End", "Up", "Return"}) gui.key(key);
+    expect_said("chose place 59");
+    open_far();
+    gui.server().move_pointer(menu.middle_x(), menu.middle_y());
+    for (int turn = 0; turn < 20; ++turn) gui.server().button(5, true), gui.server().button(5, false);
+    ASSERT_NE(entry(60), nullptr);
+    gui.choose({"place 60"});
+    expect_said("chose place 60");
+    open_far();
+    gui.server().move_pointer(menu.middle_x(), menu.y + menu.h - 6);  // on the arrow
+    gui.wait_until("last entry", [](const UiMap &map) { return map.item("menuentry", "place 60"); });
+    gui.choose({"place 58"});
+    expect_said("chose place 58");
 }
 
 TEST_P(Windows, a_menu_pulled_with_the_button_down_takes_the_entry_of_its_release) {

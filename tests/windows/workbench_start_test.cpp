@@ -4,6 +4,8 @@
 
 #include <cstdio>
 #include <fstream>
+#include <memory>
+#include <set>
 
 #include "windows/workbench_driver.hpp"
 
@@ -73,6 +75,51 @@ TEST(workbench_start, a_long_corpus_name_is_cut_in_the_button) {
     EXPECT_NE(w.gui().map().item("button", "Edit a_corpus_with_a_rather_long_nam..."), nullptr);
     w.gui().press("Edit a_corpus_with_a_rather_long_nam...");
     w.gui().wait_frame("a_corpus_with_a_rather_long_name.tr");
+}
+
+// The colours in a part of the screen.
+std::set<unsigned long> colours(Gui &gui, const Area &area) {
+    std::set<unsigned long> found;
+    for (int y = area.y; y < area.y + area.h; y += 2)
+        for (int x = area.x; x < area.x + area.w; ++x) found.insert(gui.server().pixel(x, y));
+    return found;
+}
+
+TEST(workbench_start, x_options_choose_colours_and_the_font) {
+    const auto quit_width = [](Workbench &w) { return w.gui().map().item("button", "Quit")->area.w; };
+    const int width = quit_width(*std::make_unique<Workbench>());
+    constexpr unsigned long ground = 0xFFFF00, ink = 0x0000FF;
+    const std::vector<std::string> options{"-fg", "blue", "-bg", "#ffff00", "-fn", "courier-bold"};
+    for (const bool reversed : {false, true}) {
+        std::vector<std::string> all = options;
+        if (reversed) all.push_back("-rv");
+        Workbench w(small_corpus, "small.trees", all);
+        EXPECT_NE(quit_width(w), width);
+        const std::string window = w.edit();
+        picture(w, reversed ? "reversed.png" : "colours.png");
+        const Area root = w.node(".")->area;
+        const auto found = colours(w.gui(), {root.x - 4, root.y - 2, root.w + 8, root.h + 4});
+        EXPECT_TRUE(found.contains(ground) && found.contains(ink));
+        const Area canvas = w.gui().map().item("canvas", "", window)->area;
+        EXPECT_EQ(w.gui().server().pixel(canvas.x + 2, canvas.y + 2), reversed ? ink : ground);
+        const Area output = w.gui().map().item("textwindow", "", "BRINDLE")->area;
+        EXPECT_EQ(w.gui().server().pixel(output.x + output.w - 40, output.y + output.h - 8),
+                  reversed ? ink : ground);
+    }
+}
+
+TEST(workbench_start, it_can_start_as_an_icon) {
+    Workbench w(small_corpus, "small.trees", {"-iconic", "-title", "Towns"});
+    EXPECT_TRUE(w.gui().map().frames.empty());
+    w.gui().server().map_window("Towns");
+    const Area output = w.gui().wait_frame("Towns").area;
+    const Deadline deadline = in_seconds(10);  // the window manager lets it grow before one's eyes
+    while (w.gui().server().pixel(output.middle_x(), output.middle_y()) != 0xFFFFFF) {
+        ASSERT_GT(milliseconds_left(deadline), 0);
+        w.gui().map();
+    }
+    w.edit();
+    EXPECT_EQ(w.tag("1"), "john") << "only the first window is an icon";
 }
 
 }  // namespace

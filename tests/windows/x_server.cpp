@@ -234,14 +234,15 @@ void XServer::type(const std::string &utf8) {
     for (const XKeySymbol symbol : symbols_of(utf8)) key_symbol(symbol, {});
 }
 
-Window XServer::window_titled(const std::string &title) const {
+Window XServer::window_titled(const std::string &title, bool in_view) const {
     std::vector<Window> waiting{DefaultRootWindow(display_)};
     while (!waiting.empty()) {
         const Window window = waiting.back();
         waiting.pop_back();
         XWindowAttributes attributes;
         const bool known = XGetWindowAttributes(display_, window, &attributes) != 0;
-        if (known && attributes.map_state == IsViewable && title_of(display_, window) == title) return window;
+        if (known && (attributes.map_state == IsViewable) == in_view && title_of(display_, window) == title)
+            return window;
         for (const Window child : children_of(display_, window)) waiting.push_back(child);
     }
     return None;
@@ -269,6 +270,18 @@ void XServer::resize_window(const std::string &title, unsigned w, unsigned h) {
 void XServer::move_window(const std::string &title, int x, int y) {
     XMoveWindow(display_, window_titled(title), x, y);
     XSync(display_, False);
+}
+
+void XServer::map_window(const std::string &title) {
+    XMapWindow(display_, window_titled(title, false));
+    XSync(display_, False);
+}
+
+unsigned long XServer::pixel(int x, int y) const {
+    XImage *image = XGetImage(display_, DefaultRootWindow(display_), x, y, 1, 1, AllPlanes, ZPixmap);
+    const unsigned long pixel = image ? XGetPixel(image, 0, 0) & 0xFFFFFF : 0;
+    if (image) XDestroyImage(image);
+    return pixel;
 }
 
 void XServer::screenshot(const std::string &file) {

@@ -66,8 +66,8 @@ class XServer {
     // Gives keys to the characters that have none; programs have to learn of that before they are typed.
     // Result: there were some.
     bool prepare(const std::string &utf8);
-    // The window with that title, by walking the tree; 0: there is none.
-    XWindow window_titled(const std::string &title) const;
+    // The window with that title that is in view (or not), by walking the tree; 0: there is none.
+    XWindow window_titled(const std::string &title, bool in_view = true) const;
     // Waits until the window of that title has the keyboard; false: it has not got it.
     bool await_focus(const std::string &title, Deadline deadline);
     // Waits for the next X event of the given type, at most until then or until the descriptor can be read;
@@ -78,6 +78,9 @@ class XServer {
     // Asks for another size of a window, as a person does at its border.
     void resize_window(const std::string &title, unsigned w, unsigned h);
     void move_window(const std::string &title, int x, int y);
+    void map_window(const std::string &title);  // what was an icon is a window again
+    // The colour at a place of the screen, 0xrrggbb.
+    unsigned long pixel(int x, int y) const;
     // Writes what is on the screen as a portable pixmap.
     void screenshot(const std::string &file);
 
