@@ -15,6 +15,11 @@ ITEM = re.compile(r"add_(?:button|check_box|choice|slider|text_field|numeric_fie
 COMMAND = re.compile(r"\{" + STRING + r",\s*(?:&Commands::|nullptr)")
 CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
 # The answers of notices.
+# Where messages are made that a person may meet.
+SPEAKERS = ["commands/*", "gui/events", "gui/copy_mode", "display/search", "model/label_rules", "editor/bracketing",
+            "corpus/readtrees", "corpus/saving", "wordgraph/readwg", "prolog/subtrees", "prolog/messages", "prolog/pipe",
+            "prolog/queries"]
+UNTOLD = {"the notices name these characters", "pipe called with no argument", "; is a directory"}
 BUTTONS = re.compile(r"\{" + STRING + r",\s*[A-Z_a-z0-9]+\}")
 
 
@@ -84,6 +89,28 @@ def unnamed_labels():
             yield f"{path.relative_to(TOP)}: the guide does not name \"{label}\""
 
 
+def messages(path):
+    """The longest fixed piece of each message in a file that has at least two words."""
+    code = re.sub(r"^\s*(//|#).*$", "", text_of(path), flags=re.M)
+    for message in re.findall(STRING, re.sub(r'"\s*\n\s*"', "", code)):
+        message = re.sub(r"\\x1b|\\033|\\[nt]", " ", message).replace('\\"', '"')
+        pieces = re.split(r"%[-.\d]*\w|\{[^}]*\}|\n", message)
+        longest = max((plain(piece).strip("'\":( ") for piece in pieces), key=len)
+        if len(longest.split()) > 1:
+            yield longest
+
+
+def untold_messages():
+    pages = plain(" ".join(text_of(page) for page in PAGES)).replace("*", "").replace("&#124;", "|")
+    paths = sorted(path for speaker in SPEAKERS for path in TOP.glob(speaker + ".cpp"))
+    if sum(1 for path in paths for _ in messages(path)) < 60:
+        yield "The messages were not found: has the code been rearranged?"
+    for path in paths:
+        for message in messages(path):
+            if message not in pages and message not in UNTOLD and " = " not in message:
+                yield f"{path.relative_to(TOP)}: no page tells of \"{message}\""
+
+
 def unnamed_things():
     pages = " ".join(text_of(page) for page in PAGES)
     code = " ".join(text_of(path) for folder in ("model", "prolog", "toolkit") for path in (TOP / folder).glob("*.cpp"))
@@ -107,7 +134,7 @@ def code_of_headers():
 def main():
     if len(list(labels())) < 80:
         sys.exit("The windows' labels were not found: has the code been rearranged?")
-    faults = [*broken_links(), *unused_pictures(), *unnamed_labels(), *unnamed_things()]
+    faults = [*broken_links(), *unused_pictures(), *unnamed_labels(), *untold_messages(), *unnamed_things()]
     for fault in faults:
         print(fault)
     print(f"{len(PAGES)} pages, {len(list(labels()))} labels, {len(faults)} faults")
