@@ -67,12 +67,16 @@ std::string find_bridge() {
     return {};
 }
 
+std::vector<std::string> no_prolog_child() {
+    return {"cat"};
+}
+
 std::vector<std::string> default_child(const std::string &corpus) {
     const char *command = std::getenv("BRINDLE_PROLOG");
     std::vector<std::string> words = command_words(command ? command : "");
     if (!words.empty()) return words;
     const std::string bridge = find_bridge();
-    if (bridge.empty() || !is_on_path("swipl")) return {"cat"};
+    if (bridge.empty() || !is_on_path("swipl")) return no_prolog_child();
     return {"swipl", "-q", bridge, "--", corpus};
 }
 

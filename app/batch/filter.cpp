@@ -40,8 +40,11 @@ class FilterHost : public PollHost {
     bool lost_ = false;   // the child or the run has ended before its time
 };
 
+// The stand-in of the workbench, which never prompts, is of no use here: no command then.
 std::vector<std::string> prolog_command(const Options &options) {
-    return options.prolog.empty() ? default_child(CORPUS) : command_words(options.prolog);
+    if (!options.prolog.empty()) return command_words(options.prolog);
+    const std::vector<std::string> command = default_child(CORPUS);
+    return command == no_prolog_child() ? std::vector<std::string>() : command;
 }
 
 // The whole run; false: Prolog was lost.
@@ -65,13 +68,18 @@ bool filter(FilterHost &host, const Options &options, TreeView &view, ShellFront
 
 int run_filter(const Options &options) {
     load(options);
+    const std::vector<std::string> command = prolog_command(options);
+    if (command.empty()) {
+        complain("there is no Prolog: install SWI-Prolog, or name a command with --prolog or BRINDLE_PROLOG");
+        return failed;
+    }
     ShellFrontEnd shell(options.quiet);
     frontend = &shell;
     TreeView view;
     view.predicate = options.predicate;
     view.predicate_is_null = options.predicate.empty();
     FilterHost host;
-    bool answered = start_prolog(host, prolog_command(options));
+    bool answered = start_prolog(host, command);
     if (answered) host.run_until([&] { return host.ready() || host.lost() || prolog_io[1] < 0; });
     answered = answered && host.ready() && filter(host, options, view, shell);
     quit_prolog();
