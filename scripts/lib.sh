@@ -12,6 +12,7 @@ build_packages=(g++ cmake ninja-build pkg-config libfltk1.3-dev libxft-dev libx1
 run_packages=(swi-prolog-nox fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-liberation)
 virtual_packages=(xvfb openbox xdotool imagemagick x11-utils)
 test_packages=(libgtest-dev libxtst-dev xvfb openbox python3 procps)
+fuzz_packages=(clang)
 package_packages=(dpkg-dev file)
 
 # Installs those of the named Debian packages that are missing.
@@ -33,12 +34,29 @@ install_missing() {
         --no-install-recommends "${missing[@]}"; } >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
 }
 
-# Builds one preset; further arguments go to the configuration. Quiet unless something is wrong.
-build_preset() {
-    local preset=$1 log=$top/build/$1.log
+# Runs the command into a log; the log's errors and the end of the script if it fails.
+logged() {
+    local log=$1
     shift
     mkdir -p "$top/build"
-    say "Building ($preset) ..."
-    { cmake --preset "$preset" "$@" && cmake --build --preset "$preset"; } >"$log" 2>&1 ||
+    "$@" >"$log" 2>&1 ||
         { grep -E 'error|Error|FAILED' -A 5 "$log" | head -n 60 >&2; die "The build failed; see $log"; }
+}
+
+# Builds one preset; further arguments go to the configuration. Quiet unless something is wrong.
+build_preset() {
+    local preset=$1
+    shift
+    say "Building ($preset) ..."
+    logged "$top/build/$preset-configure.log" cmake --preset "$preset" "$@"
+    logged "$top/build/$preset.log" cmake --build --preset "$preset"
+}
+
+# Builds the named targets of one preset, tests among them.
+build_targets() {
+    local preset=$1
+    shift
+    say "Building ($preset) ..."
+    logged "$top/build/$preset-configure.log" cmake --preset "$preset" -DBRINDLE_TESTS=ON
+    logged "$top/build/$preset.log" cmake --build --preset "$preset" --target "$@"
 }
