@@ -112,12 +112,12 @@ TEST(workbench_start, it_can_start_as_an_icon) {
     Workbench w(small_corpus, "small.trees", {"-iconic", "-title", "Towns"});
     EXPECT_TRUE(w.gui().map().frames.empty());
     w.gui().server().map_window("Towns");
-    const Area output = w.gui().wait_frame("Towns").area;
-    const Deadline deadline = in_seconds(10);  // the window manager lets it grow before one's eyes
-    while (w.gui().server().pixel(output.middle_x(), output.middle_y()) != 0xFFFFFF) {
-        ASSERT_GT(milliseconds_left(deadline), 0);
-        w.gui().map();
-    }
+    const auto on_screen = [](const UiMap &map) {
+        const ShownFrame *frame = map.frame("Towns");
+        return frame && frame->area.y + frame->area.h < 1000;
+    };
+    const Area output = w.gui().wait_until("window", on_screen).frame("Towns")->area;
+    ASSERT_TRUE(w.gui().server().await_pixel(output.middle_x(), output.middle_y(), 0xFFFFFF, in_seconds(10)));
     w.edit();
     EXPECT_EQ(w.tag("1"), "john") << "only the first window is an icon";
 }

@@ -284,6 +284,14 @@ unsigned long XServer::pixel(int x, int y) const {
     return pixel;
 }
 
+bool XServer::await_pixel(int x, int y, unsigned long colour, Deadline deadline) const {
+    while (pixel(x, y) != colour) {
+        if (milliseconds_left(deadline) == 0) return false;
+        poll(nullptr, 0, 20);
+    }
+    return true;
+}
+
 void XServer::screenshot(const std::string &file) {
     const auto width = static_cast<unsigned>(DisplayWidth(display_, DefaultScreen(display_)));
     const auto height = static_cast<unsigned>(DisplayHeight(display_, DefaultScreen(display_)));

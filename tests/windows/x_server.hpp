@@ -81,6 +81,9 @@ class XServer {
     void map_window(const std::string &title);  // what was an icon is a window again
     // The colour at a place of the screen, 0xrrggbb.
     unsigned long pixel(int x, int y) const;
+    // Looks now and then until that is the colour: window managers may let windows grow before one's eyes,
+    // and tell nobody when they have done. False: it has another one.
+    bool await_pixel(int x, int y, unsigned long colour, Deadline deadline) const;
     // Writes what is on the screen as a portable pixmap.
     void screenshot(const std::string &file);
 
