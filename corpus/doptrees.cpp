@@ -33,7 +33,7 @@ class DopWriter {
                 node = node->dtrs;
                 continue;
             }
-            write_leaf(node);
+            write_dop_term(node);
             const Node *sister = next_shown_sister(node, false);
             while (!sister) {
                 node = node->mother;
@@ -57,7 +57,7 @@ class DopWriter {
         out_ << ",[";
     }
 
-    void write_leaf(const Node *node) {
+    void write_dop_term(const Node *node) {
         if (!node->lex) {
             out_ << "tree(xxx,[tree(empty_,[])])";
             return;

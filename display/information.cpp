@@ -70,7 +70,7 @@ std::string text_of_context(const ParentRecord &r) {
 
 }  // namespace
 
-std::optional<std::string> syn_info(const Node *node, const MoreInfo &more) {
+std::optional<std::string> create_syn_info(const Node *node, const MoreInfo &more) {
     const LabelEntry *e = category_entry(node);
     std::string head = fmt::format(
         "Syntactic Tag: {}\n({})\n\nNumber of occurrences: {}\n\n{:.1f}% is annotated", name_of(e),
@@ -86,7 +86,7 @@ std::optional<std::string> syn_info(const Node *node, const MoreInfo &more) {
     return text.take();
 }
 
-std::optional<std::string> sem_info(const Node *node, const MoreInfo &more) {
+std::optional<std::string> create_sem_info(const Node *node, const MoreInfo &more) {
     const LabelEntry *e = tag_entry(node);
     if (e->checked_count == 0) return "\n\nUnchecked semantic tag.";
     std::string head =
@@ -101,7 +101,7 @@ std::optional<std::string> sem_info(const Node *node, const MoreInfo &more) {
     return text.take();
 }
 
-std::optional<std::string> lex_info(const Node *node, const MoreInfo &more) {
+std::optional<std::string> create_lex_info(const Node *node, const MoreInfo &more) {
     const LexEntry *w = word_entry(node);
     const LexLink *link = w->links.first();
     if (!link || link->checked_count == 0) return "No checked annotations";
@@ -121,7 +121,7 @@ std::optional<std::string> lex_info(const Node *node, const MoreInfo &more) {
     return text;
 }
 
-std::optional<std::string> parent_info(const Node *node, InfoMode mode, const MoreInfo &more) {
+std::optional<std::string> create_parent_info(const Node *node, InfoMode mode, const MoreInfo &more) {
     const Parents *parents = mode == InfoMode::lex ? parents_of_word(node) : parents_of_category(node);
     const ParentRecord *record = parents ? parents->first() : nullptr;
     if (!record || record->checked_count == 0) return node->mother ? "Unchecked node" : "Root node";
@@ -140,15 +140,15 @@ std::optional<std::string> parent_info(const Node *node, InfoMode mode, const Mo
 }
 
 std::optional<std::string> information(const Node *node, InfoMode mode, bool control, const MoreInfo &more) {
-    if (control) return parent_info(node, mode, more);
+    if (control) return create_parent_info(node, mode, more);
     switch (mode) {
         case InfoMode::sem:
-            return sem_info(node, more);
+            return create_sem_info(node, more);
         case InfoMode::lex:
-            return lex_info(node, more);
+            return create_lex_info(node, more);
         case InfoMode::nonterm:
         case InfoMode::term:
-            return syn_info(node, more);
+            return create_syn_info(node, more);
         case InfoMode::none:
             break;
     }

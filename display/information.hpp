@@ -18,10 +18,10 @@ using MoreInfo = std::function<bool(std::string_view page)>;
 std::optional<std::string> information(const Node *node, InfoMode mode, bool control, const MoreInfo &more);
 
 // The four displays, as above.
-std::optional<std::string> syn_info(const Node *node, const MoreInfo &more);
-std::optional<std::string> sem_info(const Node *node, const MoreInfo &more);
-std::optional<std::string> lex_info(const Node *node, const MoreInfo &more);
+std::optional<std::string> create_syn_info(const Node *node, const MoreInfo &more);
+std::optional<std::string> create_sem_info(const Node *node, const MoreInfo &more);
+std::optional<std::string> create_lex_info(const Node *node, const MoreInfo &more);
 // The mothers of nodes with this word, if the word was hit, else of nodes with this category and tag.
-std::optional<std::string> parent_info(const Node *node, InfoMode mode, const MoreInfo &more);
+std::optional<std::string> create_parent_info(const Node *node, InfoMode mode, const MoreInfo &more);
 
 }  // namespace brindle

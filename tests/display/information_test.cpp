@@ -113,7 +113,7 @@ TEST_F(InformationTest, long_lists_break_lines_and_pages) {
     read(text);
     const Node *root = at(".");
     Reader reader;
-    const auto last = syn_info(root, reader.more());
+    const auto last = create_syn_info(root, reader.more());
     ASSERT_EQ(reader.pages.size(), 1u);
     std::string page =
         "Syntactic Tag: C\n(Unknown label?!)\n\nNumber of occurrences: 10\n\n100.0% is annotated"
@@ -126,7 +126,7 @@ TEST_F(InformationTest, long_lists_break_lines_and_pages) {
     EXPECT_EQ(last.value_or(""), rest);
 
     Reader impatient{.patience = 0, .pages = {}};
-    EXPECT_FALSE(syn_info(root, impatient.more()).has_value());
+    EXPECT_FALSE(create_syn_info(root, impatient.more()).has_value());
     EXPECT_EQ(impatient.pages.size(), 1u);
 }
 
@@ -145,11 +145,11 @@ TEST_F(InformationTest, a_word_shows_seven_tags_a_page) {
     read(text);
     const Node *root = at(".");
     Reader reader;
-    EXPECT_EQ(lex_info(root, reader.more()).value_or("(none)"), "");
+    EXPECT_EQ(create_lex_info(root, reader.more()).value_or("(none)"), "");
     ASSERT_EQ(reader.pages.size(), 1u);
     EXPECT_TRUE(reader.pages[0].ends_with("\nSyntactic C, Semantic t6 : 1"));
     Reader impatient{.patience = 0, .pages = {}};
-    EXPECT_FALSE(lex_info(root, impatient.more()).has_value());
+    EXPECT_FALSE(create_lex_info(root, impatient.more()).has_value());
 }
 
 TEST_F(InformationTest, three_mothers_a_page) {
@@ -157,7 +157,7 @@ TEST_F(InformationTest, three_mothers_a_page) {
     for (int i = 0; i < 6; ++i) text += fmt::format("*( (M{} C|t/x) )\n", i);
     read(text);
     Reader reader;
-    const auto last = parent_info(at("1"), InfoMode::term, reader.more());
+    const auto last = create_parent_info(at("1"), InfoMode::term, reader.more());
     ASSERT_EQ(reader.pages.size(), 1u);
     EXPECT_TRUE(
         reader.pages[0].ends_with("Syntactic: M2, Semantic: (unlabeled)\nDaughter nr.: 1 of 1, Amount: 1"));
