@@ -140,15 +140,36 @@ TEST(workbench, a_corpus_of_one_tree_has_no_page_items) {
 
 TEST(workbench, a_corpus_without_trees_says_so) {
     Workbench w("nothing but words\n", "empty.trees");
-    w.edit();
+    const std::string window = w.edit();
     EXPECT_EQ(w.gui().footer("empty.trees"), "This corpus has no trees.");
-    w.gui().key("plus");
-    w.gui().key("minus");
+    for (const char *key : {"plus", "minus", "Next", "Prior", "Left", "Down", "ctrl+c"}) w.gui().key(key);
+    const Area canvas = w.gui().map().item("canvas", "")->area;
+    for (const unsigned button : {1U, 2U}) w.gui().click_at(canvas.x + 30, canvas.y + 40, button);
+    EXPECT_FALSE(w.gui().active("checkbox", "Check:"));
+    w.press("Propose");
     w.prefer({"punctuation", "show it"});
-    w.gui().press("Save");
+    w.prefer({"font-style", "courier-bold"});
+    w.prefer({"font-size", "large"});
+    w.prefer({"tree-size"});
+    w.gui().wait_focus("Tree Size Controls");
+    w.gui().press("Apply");
+    w.gui().press("Cancel", "Tree Size Controls");
+    picture(w, "empty.png");
+    w.press("Save");
     w.wait_footer("empty.trees saved");
-    w.gui().press("Close");
-    w.gui().wait_gone("empty.trees");
+    for (const char *format : {"DOP-format", "DOP-format2", "Info-format", "ATIS-format"}) {
+        w.press("Save as");
+        w.gui().wait_focus("Save corpus as");
+        w.gui().choose_option("Write in:", format, "Save corpus as");
+        if (format[0] == 'D') w.answer("Note: A filename ending in \".aug\" will augment");
+        w.gui().fill("File name:", format, "Save corpus as");
+        w.gui().key("Return");
+        w.gui().wait_until("file", [&](const UiMap &) { return std::filesystem::exists(w.path(format)); });
+        EXPECT_EQ(w.gui().map().frame("Notice"), nullptr);
+    }
+    EXPECT_EQ(w.file("ATIS-format"), w.file("empty.trees"));
+    w.press("Close");
+    w.gui().wait_gone(window);
     w.gui().press("Quit");
     EXPECT_EQ(w.gui().wait_exit(), 0);
 }
