@@ -126,6 +126,18 @@ def unnamed_things():
             yield f"docs/map.md does not name the global {name}"
 
 
+def unmapped_files():
+    """The core's rows of docs/map.md against its folders: `folder/`, then names of files without their endings."""
+    folder, named = "", {}
+    for cells in re.findall(r"^\| (?:`(\w+)/`)? *\| (`.*?) \|", text_of(TOP / "docs" / "map.md"), re.M):
+        folder = cells[0] or folder
+        named.setdefault(folder, set()).update(name.split(".")[0] for name in re.findall(r"`([\w.]+)`", cells[1]))
+    for folder in ("model", "stats", "corpus", "wordgraph", "editor", "propose", "prolog", "display"):
+        there = {path.stem for path in (TOP / folder).iterdir() if path.suffix in (".hpp", ".cpp", ".pl")}
+        for name in sorted(there ^ named.get(folder, set())):
+            yield f"docs/map.md: {folder}/{name} is " + ("not named" if name in there else "not there")
+
+
 def code_of_headers():
     headers = (path for folder in TOP.glob("*/") for path in folder.glob("*.hpp"))
     return "\n".join(re.sub(r"\n\s+", " ", text_of(path)) for path in headers)
@@ -134,7 +146,7 @@ def code_of_headers():
 def main():
     if len(list(labels())) < 80:
         sys.exit("The windows' labels were not found: has the code been rearranged?")
-    faults = [*broken_links(), *unused_pictures(), *unnamed_labels(), *untold_messages(), *unnamed_things()]
+    faults = [*broken_links(), *unused_pictures(), *unnamed_labels(), *untold_messages(), *unnamed_things(), *unmapped_files()]
     for fault in faults:
         print(fault)
     print(f"{len(PAGES)} pages, {len(list(labels()))} labels, {len(faults)} faults")
