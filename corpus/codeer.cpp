@@ -4,6 +4,8 @@
 #include <array>
 #include <cerrno>
 #include <deque>
+#include <functional>
+#include <span>
 #include <vector>
 
 #include <fmt/format.h>
@@ -13,7 +15,8 @@
 #include "corpus/word_codes.hpp"
 #include "model/error.hpp"
 #include "model/output_file.hpp"
-#include "model/traversal.hpp"
+#include "model/punctuation.hpp"
+#include "model/record_index.hpp"
 #include "stats/tables.hpp"
 
 namespace brindle {
@@ -36,15 +39,10 @@ struct Production {
 
 // A tag at a production.
 struct TaggedProduction {
-    const Production *production;
-    const Label *tag;
+    const Production *production = nullptr;
+    const Label *tag = nullptr;
     bool operator==(const TaggedProduction &) const = default;
     std::size_t hash() const { return mix_hash(production, tag); }
-};
-
-// The low bits of addresses are alike, so tables must not use them as they are.
-struct HashOfAddress {
-    std::size_t operator()(const void *record) const { return mix_hash(record, nullptr); }
 };
 
 void append_production(std::string &line, const Production &production) {
@@ -62,6 +60,51 @@ void append_production(std::string &line, const Production &production) {
     line += '\n';
 }
 
+// A node's production before it is looked up.
+struct PlannedProduction {
+    const Node *node;
+    std::size_t key_begin, key_size;  // in the plan's text
+    std::uint32_t hash;
+    Production *production;  // once it has been looked up
+};
+
+// The productions that will be asked for, in their order.
+class Plan {
+  public:
+    void clear() {
+        keys_.clear();
+        planned_.clear();
+        next_ = 0;
+    }
+
+    // Plans the node's production; returns the hash of its key.
+    std::uint32_t add(const Node *node) {
+        const std::size_t begin = keys_.size();
+        keys_ += node->syn->view();
+        for (const Node *daughter = node->dtrs; daughter; daughter = daughter->sister)
+            (keys_ += '_') += daughter->syn->view();
+        const std::string_view key(keys_.data() + begin, keys_.size() - begin);
+        const auto h = static_cast<std::uint32_t>(std::hash<std::string_view>()(key) >> 32);
+        planned_.push_back({node, begin, key.size(), h, nullptr});
+        return h;
+    }
+
+    // The next one, if it is that node's.
+    const PlannedProduction *take(const Node *node) {
+        return next_ < planned_.size() && planned_[next_].node == node ? &planned_[next_++] : nullptr;
+    }
+
+    std::span<PlannedProduction> all() { return planned_; }
+    std::string_view key_of(const PlannedProduction &planned) const {
+        return {keys_.data() + planned.key_begin, planned.key_size};
+    }
+
+  private:
+    std::string keys_;
+    std::vector<PlannedProduction> planned_;
+    std::size_t next_ = 0;
+};
+
 }  // namespace
 
 struct EncodingRun::Tables {
@@ -70,17 +113,19 @@ struct EncodingRun::Tables {
 
     tsl::robin_map<const Label *, std::string, HashOfAddress> tag_codes;
 
-    std::deque<Production> productions;                                // in order of first use
-    tsl::robin_map<std::string_view, Production *> codes_table;        // by key, which lives in `productions`
-    tsl::robin_map<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
-    std::string key;                                                   // room for the one in hand
+    std::deque<Production> productions;                            // in order of first use
+    RecordIndex<Production> codes_table;                           // by key
+    FetchedMap<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
+    Plan plan;
 
     WordCodes word_codes;
     tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
     TextBuffer lines{encoding};
 
+    Production &production_of(const PlannedProduction &planned);
     Production &production_of(const Node *node);
+    void look_up_plan();
     bool is_listed(const Node *node, std::string_view code);
 };
 
@@ -109,23 +154,53 @@ std::string EncodingRun::codeer_old(const Label *tag) {
     return code;
 }
 
+Production &EncodingRun::Tables::production_of(const PlannedProduction &planned) {
+    const std::string_view key = plan.key_of(planned);
+    Production *found = codes_table.find(planned.hash, [key](const Production *p) { return p->key == key; });
+    if (!found) {
+        found = &productions.emplace_back(Production{std::string(key), hash(key)});
+        codes_table.insert(found, planned.hash);
+    }
+    return *found;
+}
+
 Production &EncodingRun::Tables::production_of(const Node *node) {
-    key.assign(node->syn->view());
-    for (const Node *daughter = node->dtrs; daughter; daughter = daughter->sister)
-        (key += '_') += daughter->syn->view();
-    if (const auto found = codes_table.find(key); found != codes_table.end()) return *found->second;
-    productions.push_back({key, hash(key)});
-    Production &production = productions.back();
-    codes_table[production.key] = &production;
-    return production;
+    if (const PlannedProduction *planned = plan.take(node)) return *planned->production;
+    plan.clear();
+    plan.add(node);
+    return production_of(*plan.take(node));
+}
+
+// Three rounds, each of which asks memory for what the next one will look at.
+void EncodingRun::Tables::look_up_plan() {
+    for (const PlannedProduction &planned : plan.all()) codes_table.prefetch_record(planned.hash);
+    for (PlannedProduction &planned : plan.all()) {
+        planned.production = &production_of(planned);
+        fetch_ahead(&planned.production->ranks);
+        tagged_productions.prefetch({planned.production, planned.node->sem});
+    }
+}
+
+void EncodingRun::begin_tree(const Node *root, bool by_rule) {
+    Plan &plan = tables_->plan;
+    plan.clear();
+    for (const Node *node = root; node; node = next_shown(node, root, false)) {
+        if (node->lexlink) {
+            fetch_ahead(node->lex);
+            if (node->sem) tables_->word_codes.prefetch(node->lexlink);
+        } else if (by_rule && node->sem && node->dtrs) {
+            tables_->codes_table.prefetch_slot(plan.add(node));
+        }
+    }
+    tables_->look_up_plan();
 }
 
 std::string EncodingRun::codeer(const Node *node, int tree) {
     Production &production = tables_->production_of(node);
     production.occurs_in(tree);
-    const auto [tagged, is_new] =
-        tables_->tagged_productions.try_emplace({&production, node->sem}, production.nr_of_tags);
-    const std::string code = letters(tagged->second);
+    const auto [number, is_new] =
+        tables_->tagged_productions.insert({&production, node->sem}, production.nr_of_tags);
+    const std::string code = letters(*number);
     if (is_new) {
         ++production.nr_of_tags;
         tables_->lines << production.key << '_' << code << '\t' << node->sem->view() << '\n';
@@ -140,14 +215,6 @@ bool EncodingRun::Tables::is_listed(const Node *node, std::string_view code) {
     };
     if (!has_line(node->syn) && !has_line(node->lex)) return false;
     return !word_keys.insert(fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code)).second;
-}
-
-void EncodingRun::fetch_ahead_of_codes(const Node *root) const {
-    for (const Node *node = root; node; node = next_in_document(node, root)) {
-        if (!node->lexlink) continue;
-        fetch_ahead(node->lex);
-        if (node->sem) tables_->word_codes.prefetch(node->lexlink);
-    }
 }
 
 std::string EncodingRun::codeerlex(const Node *node) {

@@ -27,8 +27,9 @@ class EncodingRun {
     EncodingRun();
     ~EncodingRun();
 
-    // Asks memory for what the codes of a tree's words will look at.
-    void fetch_ahead_of_codes(const Node *root) const;
+    // The tree's shown nodes are going to be coded, in document order; `by_rule`: those with daughters by
+    // codeer. May be left out: it asks memory in one go for what they will look at.
+    void begin_tree(const Node *root, bool by_rule);
 
     // The code of a tag: ay, by ... zy, aay ... in the order of first use.
     std::string codeer_old(const Label *tag);

@@ -88,7 +88,7 @@ void write_dop_tree(const Node *node, TextBuffer &out, DopMode mode, int tree, E
 
 void write_dop_entry(const Node *root, TextBuffer &out, DopMode mode, int tree, EncodingRun &codes,
                      bool augmented) {
-    codes.fetch_ahead_of_codes(root);
+    codes.begin_tree(root, mode == DopMode::by_rule);
     if (augmented) out << "tree(sss,[";
     write_dop_tree(root, out, mode, tree, codes);
     out << (augmented ? "]).\n" : ".\n");

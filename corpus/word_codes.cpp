@@ -22,47 +22,51 @@ class CategoryCounts {
         if (few_.size() > most_for_a_walk) many_.insert(few_.begin(), few_.end());
         return 0;
     }
+    void clear() {
+        few_.clear();
+        many_.clear();
+    }
 
   private:
     static constexpr std::size_t most_for_a_walk = 16;
     std::vector<std::pair<const LabelEntry *, std::uint32_t>> few_;
-    tsl::robin_map<const LabelEntry *, std::uint32_t> many_;
+    tsl::robin_map<const LabelEntry *, std::uint32_t, HashOfAddress> many_;
 };
+
+// Whether the word has two tags in any category; `counts` is room for counting.
+bool has_choice(const LexEntry *word, CategoryCounts &counts) {
+    if (word->links.length() <= 1) return false;
+    counts.clear();
+    bool choice = false;
+    word->links.for_each([&](const LexLink *link) {
+        if (!choice && link->sem->name) choice = counts.next(link->syn) > 0;
+    });
+    return choice;
+}
 
 }  // namespace
 
 WordCodes::Code &WordCodes::code_of(const LexLink *link, const LexEntry *word) {
-    if (capacity_ > 0)
-        if (Code &code = place_of(link); code.link) return code;
-    number_tags_of(word);
-    Code &code = place_of(link);
-    if (!code.link) fault_in_hashtable();
-    return code;
+    Code *code = codes_.find(link);
+    if (!code && link) {
+        number_tags_of(word);
+        code = codes_.find(link);
+    }
+    if (!code) fault_in_hashtable();
+    return *code;
 }
 
+// Most words have one tag in a category, which is number 0: their lists need not be put in order. A link that
+// has its number keeps it.
 void WordCodes::number_tags_of(const LexEntry *word) {
     CategoryCounts counts;
+    const auto number = [&](const LexLink *link, std::uint32_t index) {
+        if (link->sem->name) codes_.insert(link, {index, false});
+    };
+    if (!has_choice(word, counts)) return word->links.for_each([&](const LexLink *link) { number(link, 0); });
+    counts.clear();
     for (const LexLink *link = word->links.first(); link; link = link->next)
-        if (link->sem->name) insert(link, counts.next(link->syn));
-}
-
-// A link that has its number keeps it.
-void WordCodes::insert(const LexLink *link, std::uint32_t index) {
-    if (2 * (size_ + 1) > capacity_) grow();
-    Code &code = place_of(link);
-    if (code.link) return;
-    code = {link, index, false};
-    ++size_;
-}
-
-void WordCodes::grow() {
-    const LargeMemory old_memory = std::move(memory_);
-    const Code *const old = codes_, *const end = old + capacity_;
-    capacity_ = capacity_ ? 2 * capacity_ : 1024;
-    memory_ = LargeMemory(capacity_ * sizeof(Code));
-    codes_ = reinterpret_cast<Code *>(memory_.data());
-    for (const Code *code = old; code != end; ++code)
-        if (code->link) place_of(code->link) = *code;
+        if (link->sem->name) number(link, counts.next(link->syn));
 }
 
 }  // namespace brindle
