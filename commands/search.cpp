@@ -14,6 +14,20 @@ namespace {
 // The answers of the notices at a match.
 enum Answer : int { GO_BACK = 1, STOP = 2, AGAIN = 3, NO = 5, YES = 115 };
 
+// The search box steps aside when it hides the match: to whichever side of it has room.
+void uncover(const Node *node, TreeWindow &tw) {
+    constexpr int margin = 120;  // half a label, and air
+    const tk::Frame &box = *tw.search_box;
+    if (!box.shown()) return;
+    const tk::Point match = tw.canvas->to_screen({node->x, get_node_y(node, tw)});
+    const tk::Point at = box.position();
+    const tk::Size size = box.size();
+    if (match.x < at.x - margin / 2 || match.x > at.x + size.w + margin / 2) return;
+    if (match.y < at.y - margin / 2 || match.y > at.y + size.h + margin / 2) return;
+    const int left = match.x - margin - size.w;
+    tw.search_box->set_position({left >= 0 ? left : match.x + margin, at.y});
+}
+
 int ask_at(const Node *node, const char *text, std::vector<tk::NoticeButton> buttons, TreeWindow &tw,
            std::vector<tk::NoticeTrigger> triggers = {}) {
     tk::NoticeSpec spec;
@@ -121,6 +135,7 @@ class SearchCommand {
         if (!silently) {
             show_nr(match.tree, tw_);
             make_visible(match.node->x, get_node_y(match.node, tw_), tw_);
+            uncover(match.node, tw_);
         }
         if (action_ == SearchAction::search) return search_prompt(match.node, tw_);
         int answer = prompts_ ? replace_prompt(match.node, tw_) : static_cast<int>(YES);
