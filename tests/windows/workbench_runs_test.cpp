@@ -35,8 +35,8 @@ class Runs : public testing::Test {
     }
     Gui &gui() { return w->gui(); }
 
-    bool all_idle() {
-        for (const ShownFrame &frame : gui().map().frames)
+    static bool all_idle(const UiMap &map) {
+        for (const ShownFrame &frame : map.frames)
             if (frame.busy) return false;
         return true;
     }
@@ -54,8 +54,11 @@ class Runs : public testing::Test {
 
     // Waits for the end of a run, after which everything is as before it.
     void wait_end() {
-        w->wait_footer("");
-        EXPECT_TRUE(all_idle());
+        // The footer is empty before a run's first tree, too.
+        gui().wait_until("end of the run", [&](const UiMap &map) {
+            const ShownFrame *frame = map.frame(window);
+            return frame && frame->footer.empty() && all_idle(map);
+        });
         EXPECT_TRUE(gui().active("button", "Propose an annotation", box));
         EXPECT_FALSE(gui().active("button", "Abort", box));
     }
@@ -163,7 +166,7 @@ TEST_F(Runs, a_child_that_never_answers_stops_nobody) {
     w->answer("Cannot filter this tree, prolog is busy", "I Know");
     gui().press("Let prolog evaluate all nodes", box);
     w->answer("Cannot filter this tree, prolog is busy", "Please try to fix that");
-    EXPECT_TRUE(all_idle());
+    EXPECT_TRUE(all_idle(gui().map()));
     gui().press("Close", window);
     gui().wait_gone(window);
     gui().press("Quit");
