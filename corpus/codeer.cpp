@@ -119,6 +119,7 @@ struct EncodingRun::Tables {
     Plan plan;
 
     WordCodes word_codes;
+    std::vector<const LexLink *> links;     // of the words of the tree in hand
     tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
     TextBuffer lines{encoding};
@@ -184,15 +185,19 @@ void EncodingRun::Tables::look_up_plan() {
 void EncodingRun::begin_tree(const Node *root, bool by_rule) {
     Plan &plan = tables_->plan;
     plan.clear();
+    tables_->links.clear();
     for (const Node *node = root; node; node = next_shown(node, root, false)) {
         if (node->lexlink) {
             fetch_ahead(node->lex);
-            if (node->sem) tables_->word_codes.prefetch(node->lexlink);
+            if (!node->sem) continue;
+            tables_->word_codes.prefetch(node->lexlink);
+            tables_->links.push_back(node->lexlink);
         } else if (by_rule && node->sem && node->dtrs) {
             tables_->codes_table.prefetch_slot(plan.add(node));
         }
     }
     tables_->look_up_plan();
+    tables_->word_codes.prefetch_words(tables_->links);
 }
 
 std::string EncodingRun::codeer(const Node *node, int tree) {

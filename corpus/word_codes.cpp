@@ -56,6 +56,33 @@ WordCodes::Code &WordCodes::code_of(const LexLink *link, const LexEntry *word) {
     return *code;
 }
 
+// Each step on a list waits for memory, so all lists are walked at once, each from the known link to both
+// ends.
+void WordCodes::prefetch_words(std::span<const LexLink *const> links) {
+    walkers_.clear();
+    for (const LexLink *link : links) {
+        if (codes_.find(link)) continue;
+        walkers_.push_back({link, true});
+        walkers_.push_back({link, false});
+    }
+    while (!walkers_.empty()) {
+        for (std::size_t i = 0; i < walkers_.size();) {
+            auto &[at, forward] = walkers_[i];
+            fetch_ahead(at->sem);
+            codes_.prefetch(at);
+            at = forward ? at->next : at->prev;
+            if (!at) {
+                walkers_[i] = walkers_.back();
+                walkers_.pop_back();
+                continue;
+            }
+            fetch_ahead(at);
+            fetch_ahead(&at->next);
+            ++i;
+        }
+    }
+}
+
 // Most words have one tag in a category, which is number 0: their lists need not be put in order. A link that
 // has its number keeps it.
 void WordCodes::number_tags_of(const LexEntry *word) {

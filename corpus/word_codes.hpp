@@ -1,6 +1,8 @@
 #pragma once
 // The numbers of the tags of words, by which the DOP formats name them.
 #include <cstdint>
+#include <span>
+#include <vector>
 
 #include "corpus/fetched_map.hpp"
 #include "stats/parents.hpp"
@@ -30,10 +32,20 @@ class WordCodes {
 
     // Asks memory for what code_of will look at.
     void prefetch(const LexLink *link) const { codes_.prefetch(link); }
+    // Some time after that, for the words of these links: asks memory for all links of those whose tags have
+    // no numbers yet.
+    void prefetch_words(std::span<const LexLink *const> links);
 
   private:
     void number_tags_of(const LexEntry *word);
 
+    // On its way along a word's list to one of its ends.
+    struct Walker {
+        const LexLink *at;
+        bool forward;
+    };
+
+    std::vector<Walker> walkers_;
     FetchedMap<const LexLink *, Code, HashOfAddress> codes_;
 };
 
