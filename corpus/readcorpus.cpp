@@ -3,6 +3,7 @@
 
 #include <sys/stat.h>
 #include <cerrno>
+#include <chrono>
 
 #include <fmt/printf.h>
 
@@ -15,23 +16,27 @@
 namespace brindle {
 namespace {
 
-// The progress line on standard error; shown only for corpora whose reading takes a while, and only on a
+// The progress line on standard error; shown only once the reading has lasted half a second, and only on a
 // terminal.
 class ReadingProgress {
   public:
-    ReadingProgress(const std::string &name, std::size_t bytes)
-        : name_(name), shows_(!name.empty() && bytes > (4u << 20) && isatty(STDERR_FILENO)) {}
+    explicit ReadingProgress(const std::string &name)
+        : name_(name), shows_(!name.empty() && isatty(STDERR_FILENO)) {}
     ~ReadingProgress() {
-        if (shows_) fmt::print(stderr, "\r\033[K");
+        if (drawn_) fmt::print(stderr, "\r\033[K");
     }
-    void show(int tree) const {
-        if (shows_ && tree % 4096 == 0)
-            fmt::print(stderr, "\rReading {}: {} of {} trees", name_, tree, amount);
+    void show(int tree) {
+        if (!shows_ || tree % 4096 != 0 || Clock::now() - started_ < std::chrono::milliseconds(500)) return;
+        fmt::print(stderr, "\rReading {}: {} of {} trees", visible(name_), tree, amount);
+        drawn_ = true;
     }
 
   private:
+    using Clock = std::chrono::steady_clock;
     const std::string &name_;
     bool shows_;
+    bool drawn_ = false;
+    Clock::time_point started_ = Clock::now();
 };
 
 void warn_of_high_bytes() {
@@ -49,7 +54,7 @@ void read_forest(std::string_view text, const std::string &name) {
     forest.clear();
     forest.resize(static_cast<std::size_t>(amount));
     tables_init();
-    const ReadingProgress progress(name, text.size());
+    ReadingProgress progress(name);
     BulkStoring bulk;
     TreeReader reader(text, &bulk);
     for (int t = 0; t < amount; ++t) {
@@ -71,10 +76,7 @@ void readcorpus(const std::string &name, bool show_progress) {
     struct stat status = {};
     if (stat(name.c_str(), &status) != 0) system_error_exit(name);
     const InputFile file(name);
-    if (!file.ok() && errno == EISDIR) {
-        fmt::print(stderr, "\nCannot open {}; is a directory\n", name);
-        std::exit(EXIT_FAILURE);
-    }
+    if (!file.ok() && errno == EISDIR) directory_exit(name);
     if (!file.ok()) error(fmt::sprintf("can't open %s ...", name));
     CORPUS_MOD_TIME = file.modified();
     try {

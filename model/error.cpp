@@ -18,4 +18,9 @@ void system_error_exit(std::string_view what) {
     std::exit(EXIT_FAILURE);
 }
 
+void directory_exit(std::string_view name) {
+    fmt::print(stderr, "\nCannot open {}; is a directory", name);
+    std::exit(EXIT_FAILURE);
+}
+
 }  // namespace brindle

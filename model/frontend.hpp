@@ -38,6 +38,8 @@ struct FrontEnd {
     virtual void all_frames_busy(TreeView *, bool) {}
     // Handles what the user has done meanwhile and draws what is due; called between two trees of a run.
     virtual void notify_dispatch() {}
+    // A line for the terminal the program was started from: standard output, unless results go there.
+    virtual void print(std::string_view line);
     // A run tells how far it is: n of m trees done.
     virtual void progress(TreeView *, int /*n*/, int /*m*/) {}
 };

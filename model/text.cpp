@@ -1,11 +1,14 @@
 #include "model/text.hpp"
 
 #include <langinfo.h>
+#include <algorithm>
 #include <cctype>
 #include <clocale>
 #include <cstdlib>
 #include <cstring>
 #include <cwctype>
+
+#include <fmt/format.h>
 
 namespace brindle {
 namespace {
@@ -76,6 +79,22 @@ bool take_high_byte_warning() {
     const bool met = met_high_byte;
     met_high_byte = false;
     return met;
+}
+
+std::string visible(std::string_view text) {
+    const char *p = text.data(), *const end = p + text.size();
+    std::string shown;
+    while (p != end) {
+        const std::size_t length = *p == ' ' || *p == '\n' ? 1 : graphic_length(p, end);
+        if (length > 0)
+            shown.append(p, length);
+        else if (*p == '\t')
+            shown += "\\t";
+        else
+            shown += fmt::format("\\x{:02x}", static_cast<unsigned char>(*p));
+        p += std::max<std::size_t>(length, 1);
+    }
+    return shown;
 }
 
 void space2underscore(std::string &text) {

@@ -25,6 +25,9 @@ std::size_t graphic_length(const char *p, const char *end);
 // then.
 bool take_high_byte_warning();
 
+// The text for a terminal: what is neither graphic nor a space or newline is written as \t or \x1b.
+std::string visible(std::string_view text);
+
 // Every space of the text becomes '_'.
 void space2underscore(std::string &text);
 

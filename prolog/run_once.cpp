@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "model/frontend.hpp"
 #include "prolog/spawn.hpp"
 
 namespace brindle {
@@ -90,7 +91,7 @@ void read_output(std::string &output, std::string_view written) {
         if (output.size() + chunk.size() <= OUTPUT_MAX - 1) {
             output += chunk;
         } else {
-            std::puts("Output of program greater then OUTPUT_MAX!");
+            frontend->print("Output of program greater then OUTPUT_MAX!");
         }
     }
 }

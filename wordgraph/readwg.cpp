@@ -1,7 +1,6 @@
 #include "wordgraph/readwg.hpp"
 
 #include <cerrno>
-#include <cstdlib>
 
 #include <fmt/printf.h>
 
@@ -48,10 +47,7 @@ std::string attach_wordgraphs(std::string_view text) {
 
 void read_wordgraphs(const std::string &name) {
     const InputFile file(name);
-    if (!file.ok() && errno == EISDIR) {
-        fmt::print(stderr, "\nCannot open {}; is a directory", name);
-        std::exit(EXIT_FAILURE);
-    }
+    if (!file.ok() && errno == EISDIR) directory_exit(name);
     if (!file.ok()) system_error_exit(name);
     if (const std::string fault = attach_wordgraphs(file.text()); !fault.empty()) error(fault);
 }

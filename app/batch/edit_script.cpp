@@ -199,7 +199,7 @@ int run_edit(const Options &options) {
         if (line.empty() || line.front() == '#') continue;
         const std::string message = carry_out(line);
         if (message.empty()) continue;
-        fmt::print(stderr, "{}:{}: {}\n", options.script, line_nr, message);
+        fmt::print(stderr, "{}:{}: {}\n", options.script, line_nr, for_terminal(message));
         return failed;
     }
     return options.tables ? put_out(options, tables_text()) : put_out_corpus(options);

@@ -49,7 +49,9 @@ void add_selection(CLI::App &command, Options &options) {
     add_number(command, "--to", options.to, "TREE", "last tree of the range (default: the corpus' last)")
         ->each(note);
     add_number(command, "--random", options.random, "N", "only N trees of the range, drawn at random")
-        ->check(CLI::NonNegativeNumber.description(""))
+        ->check([](const std::string &text) {
+            return std::string(text.starts_with('-') ? "must not be negative" : "");
+        })
         ->each(note);
     add_number(command, "--seed", options.seed, "S", "seed of --random (default 1)")->each(note);
 }
@@ -80,7 +82,10 @@ void add_script(CLI::App &command, Options &options) {
     command.add_flag("--tables", options.tables, "write the label statistics, not the corpus");
 }
 
+// All options of an action, and its operand. Of an option given twice the last one counts, so that a Makefile
+// can add to what it says everywhere.
 void add_options(CLI::App &command, const Action &action, Options &options) {
+    command.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
     if (action.takes & selection) add_selection(command, options);
     if (action.takes & search_options) add_search(command, options);
     if (action.takes & write_format)
@@ -103,8 +108,10 @@ void add_options(CLI::App &command, const Action &action, Options &options) {
         command.add_flag("--punctuation", options.punctuation, "punctuation daughters too");
     if (!(action.takes & no_corpus))
         add_file(command, "-w,--wordgraphs", options.wordgraphs, "attach the word graphs of this file");
-    add_file(command, "-o,--output", options.output, "where the result goes (default: standard output)");
+    add_file(command, "-o,--output", options.output, "where the result goes (default: standard output)")
+        ->each([&options](auto) { options.output_given = true; });
     command.add_flag("--quiet", options.quiet, "no progress bar");
+    command.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::Throw);
     command
         .add_option(action.takes & no_corpus ? "FILE" : "CORPUS", options.corpus,
                     action.takes & no_corpus ? "the bracketing (- is standard input)" : "the corpus file")
@@ -115,7 +122,7 @@ int usage(std::string_view message) {
     fmt::print(
         stderr,
         "brindle-batch: {}\nusage: brindle-batch ACTION [OPTION]... CORPUS\ntry 'brindle-batch --help'\n",
-        message);
+        visible(message));
     return misused;
 }
 

@@ -16,6 +16,7 @@ struct Options {
     std::string corpus;  // for `validate`: the file with the bracketing
     std::string wordgraphs;
     std::string output = "-";
+    bool output_given = false;  // `-o -` was said, or a file named
     bool quiet = false;
     // The selection; `selecting` is set when any of these was given.
     bool selecting = false;

@@ -6,6 +6,7 @@
 
 #include <fmt/format.h>
 
+#include "app/batch/session.hpp"
 #include "model/forest.hpp"
 #include "model/path.hpp"
 
@@ -40,7 +41,12 @@ void ShellFrontEnd::prompt_at_node(const Node *node, std::string_view message, T
     ++errors_;
     const TreeEntry *tree = tree_of(node);
     const auto number = tree ? tree - forest.data() + 1 : 0;
-    fmt::print(stderr, "tree {}, node {}: {}\n", number, path_of(node), message);
+    fmt::print(stderr, "tree {}, node {}: {}\n", number, path_of(node), for_terminal(message));
+}
+
+void ShellFrontEnd::print(std::string_view line) {
+    wipe();
+    fmt::print(stderr, "{}\n", line);
 }
 
 }  // namespace brindle::batch

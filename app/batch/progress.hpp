@@ -15,6 +15,8 @@ class ShellFrontEnd : public FrontEnd {
     int errors() const { return errors_; }
     ~ShellFrontEnd() override;
     void progress(TreeView *view, int n, int m) override;
+    // To standard error: standard output carries results only.
+    void print(std::string_view line) override;
     void prompt_at_node(const Node *node, std::string_view message, TreeView *view, bool silent) override;
 
   private:

@@ -58,7 +58,7 @@ int run_evaluate(const Options &options) {
         report = propose_and_evaluate(run, selection_choice(options), last);
     });
     if (put_out(options.report, report) != done) return failed;
-    return options.output == "-" ? done : put_out_corpus(options);
+    return options.output_given ? put_out_corpus(options) : done;
 }
 
 }  // namespace brindle::batch

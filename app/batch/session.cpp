@@ -13,6 +13,7 @@
 #include "model/forest.hpp"
 #include "model/input_file.hpp"
 #include "model/output_file.hpp"
+#include "model/text.hpp"
 #include "wordgraph/readwg.hpp"
 
 namespace brindle::batch {
@@ -44,7 +45,7 @@ int write_to(const std::string &name, const std::function<bool(TextSink &)> &pro
 }
 
 void load(const Options &options) {
-    readcorpus(options.corpus);
+    readcorpus(options.corpus, !options.quiet);
     CORPUS = options.corpus;
     if (!options.wordgraphs.empty()) read_wordgraphs(options.wordgraphs);
 }
@@ -88,8 +89,18 @@ int put_out_corpus(const Options &options) {
     return write_to(options.output, save_corpus);
 }
 
+std::string for_terminal(std::string_view notice) {
+    const std::string text = sub_string_replace(notice, "\n\x1b\n", "\n");
+    std::string lines;
+    for (const char c : text) {
+        const bool lays_out = (c == ' ' || c == '\t') && lines.ends_with('\n');
+        if (!lays_out) lines += c;
+    }
+    return visible(lines);
+}
+
 void complain(std::string_view message) {
-    fmt::print(stderr, "brindle-batch: {}\n", message);
+    fmt::print(stderr, "brindle-batch: {}\n", for_terminal(message));
 }
 
 bool take_in(const std::string &name, std::string &text) {
