@@ -1,9 +1,15 @@
 #include "editor/subtree_text.hpp"
 
+#include <algorithm>
+
 #include "model/limits.hpp"
 
 namespace brindle {
 namespace {
+
+// Levels that are indented, so that a chain of nodes without end does not grow with the square of its length.
+// No sentence has as many.
+constexpr std::size_t indented_levels = 250;
 
 void write_label(std::string &text, const Node *node) {
     if (node->dtrs) text += '(';
@@ -19,7 +25,7 @@ std::string write_tree_to_editor(const Node *node) {
     std::size_t depth = 0;
     for (const Node *n = node;;) {
         text += '\n';
-        text.append(4 * depth, ' ');
+        text.append(4 * std::min(depth, indented_levels), ' ');
         write_label(text, n);
         if (n->dtrs) {
             n = n->dtrs;

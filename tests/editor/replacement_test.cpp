@@ -23,6 +23,17 @@ TEST(subtree_text, is_indented_with_leaves_bare) {
     EXPECT_EQ(write_tree_to_editor(c.at("2")), "\nVB/barks");
 }
 
+TEST(subtree_text, a_chain_without_end_is_not_indented_without_end) {
+    constexpr std::size_t levels = 20'000;
+    std::string chain;
+    for (std::size_t n = 0; n < levels; ++n) chain += "(A ";
+    const Corpus c("(" + chain + "B/c" + std::string(levels, ')') + ")");
+    const std::string text = write_tree_to_editor(c.at("."));
+    EXPECT_LT(text.size(), levels * 1100);
+    EXPECT_EQ(replace_subtree(0, c.at("."), text + "\n"), "");
+    EXPECT_EQ(write_tree_to_editor(c.at(".")), text);
+}
+
 TEST(replacement, by_its_own_text_changes_no_count) {
     const Corpus c(dog);
     for (const char *path : {"1", "1.2", "2", "."}) {

@@ -153,6 +153,27 @@ TEST_F(Runs, a_filter_run_ends_with_its_child) {
     wait_ready();
 }
 
+TEST_F(Runs, control_c_in_an_answer_ends_an_evaluation) {
+    open(4, shell_child(answer));
+    wait_ready();
+    gui().press("Let prolog evaluate root-nodes", box);
+    gui().wait_line("Notice", "tag_1");
+    EXPECT_EQ(gui().footer(window), "Evaluating nodes... Press Ctrl-C to abort");
+    w->answer("tag_1");
+    gui().wait_line("Notice", "tag_2");
+    EXPECT_EQ(w->tree(), "3");
+    gui().key("ctrl+c");
+    wait_end();
+    wait_ready();
+    EXPECT_EQ(gui().map().frame("Notice"), nullptr);
+    EXPECT_EQ(w->tag("."), "s(d1,d2)") << "an evaluation changes no tag";
+    // The next run begins at its beginning.
+    gui().press(filter, box);
+    wait_end();
+    EXPECT_EQ(w->tree(), "12");
+    EXPECT_EQ(w->tag("."), "tag_10");
+}
+
 TEST_F(Runs, a_child_that_never_answers_stops_nobody) {
     open(4, shell_child("[ $n -lt 4 ] && " + answer));
     wait_ready();
