@@ -108,7 +108,7 @@ TEST_F(Runs, a_random_selection_is_proposed_evaluated_and_undone) {
 }
 
 TEST_F(Runs, abort_and_control_c_end_a_run_after_the_tree_in_hand) {
-    constexpr int copies = 20000;
+    constexpr int copies = 40000;
     open(copies);
     gui().press("Propose an annotation", box);
     wait_in_the_middle("Proposing away");
