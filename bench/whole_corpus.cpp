@@ -2,6 +2,7 @@
 // if a file is named for it, writing in the native and the DOP formats. Prints tab-separated lines: name,
 // value. bench/run makes the corpora and compares.
 #include <sys/resource.h>
+#include <chrono>
 #include <cstdio>
 #include <ctime>
 #include <random>
@@ -116,16 +117,19 @@ void change_all(const std::vector<Node *> &nodes) {
 // Writes the corpus to the file in one format after another. Side files land in the current directory.
 bool write_all(const char *name) {
     const auto timed = [](const char *what, auto &&write) {
+        const auto start = std::chrono::steady_clock::now();
         const Stopwatch watch;
         const SaveResult result = write();
         if (result.status != SaveStatus::saved)
             return std::fprintf(stderr, "%s\n", result.reason.c_str()), false;
-        print(what, watch.seconds());
+        print((std::string(what) + "_seconds").c_str(), watch.seconds());
+        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+        print((std::string(what) + "_elapsed").c_str(), elapsed.count());
         return true;
     };
-    return timed("save_seconds", [&] { return write_corpus(name); }) &&
-           timed("dop_seconds", [&] { return save_as(name, CorpusFormat::dop); }) &&
-           timed("dop2_seconds", [&] { return save_as(name, CorpusFormat::dop2); });
+    return timed("save", [&] { return write_corpus(name); }) &&
+           timed("dop", [&] { return save_as(name, CorpusFormat::dop); }) &&
+           timed("dop2", [&] { return save_as(name, CorpusFormat::dop2); });
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <charconv>
 
+#include "model/fetch_ahead.hpp"
 #include "model/punctuation.hpp"
 #include "model/traversal.hpp"
 
@@ -45,6 +46,14 @@ void open_node(const Node *node, TextBuffer &out, int level) {
     out.end_at(to);
 }
 
+// Asks memory for the texts of a whole tree at once: one after another they would be waited for.
+void fetch_labels(const Node *root) {
+    for (const Node *n = root; n; n = next_in_document(n, root)) {
+        fetch_ahead(n->sem);
+        fetch_ahead(n->lex);
+    }
+}
+
 }  // namespace
 
 void tree_number(int number, TextBuffer &out) {
@@ -79,6 +88,7 @@ void write_tree(const Node *node, std::string &out, int level) {
 }
 
 void write_tree_entry(const TreeEntry &tree, TextBuffer &out) {
+    fetch_labels(tree.root);
     if (tree.checked) out << "*\n";
     out << '(';
     write_tree(tree.root, out, 0);
