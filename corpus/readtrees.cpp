@@ -98,9 +98,16 @@ void TreeReader::skip_blanks() {
     if (p_ == end_) fail("Unexpected end of file");
 }
 
+void TreeReader::no_label(Mode mode) {
+    fail(mode == Mode::word  ? "Lexical item expected in line %d"
+         : mode == Mode::tag ? "Semantic tag expected in line %d"
+                             : "Empty node encountered in line %d",
+         lines);
+}
+
 // Collects a label; the character that ends it stays in the input. `too_long` is the message for one of more
 // than `most` bytes.
-std::string_view TreeReader::label(Mode mode, const char *too_long, std::size_t most) {
+std::string_view TreeReader::readlabel(Mode mode, const char *too_long, std::size_t most) {
     const char *const start = p_;
     int nesting = 0;
     for (; p_ != end_; ++p_) {
@@ -140,11 +147,7 @@ std::string_view TreeReader::label(Mode mode, const char *too_long, std::size_t 
     const std::string_view text(start, static_cast<std::size_t>(p_ - start));
     if (p_ == end_) fail("Unexpected end of file on line %d", lines);
     if (nesting > 0) fail("Unmatched '%c' in semantic tag, line %d", '(', lines);
-    if (text.empty())
-        fail(mode == Mode::word  ? "Lexical item expected in line %d"
-             : mode == Mode::tag ? "Semantic tag expected in line %d"
-                                 : "Empty node encountered in line %d",
-             lines);
+    if (text.empty()) no_label(mode);
     if (text.size() > most) fail(too_long, lines);
     return text;
 }
@@ -159,7 +162,7 @@ std::string_view TreeReader::category(bool bracketed) {
         mode = Mode::tag;
     else if (*p_ == START_LEX_TAG)
         mode = Mode::word;
-    return label(mode, "Syntactic category too long, line %d", MAXSYN - 1);
+    return readlabel(mode, "Syntactic category too long, line %d", MAXSYN - 1);
 }
 
 // Reads the node's tag and word. Result: the node is complete (else its daughters follow). `closes_mother`
@@ -174,13 +177,13 @@ bool TreeReader::annotations(Node *node, bool bracketed, bool &closes_mother, bo
             ++p_;
             if (has_tag) fail("Two semantic tags on one node, line %d", lines);
             has_tag = true;
-            room_->labels.emplace_back(label(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1),
+            room_->labels.emplace_back(readlabel(Mode::tag, "Semantic tag too long, line %d", MAXSEM - 1),
                                        &node->sem);
         } else if (c == START_LEX_TAG) {
             ++p_;
             if (has_word) fail("Two lexical items on one node, line %d", lines);
             has_word = true;
-            room_->labels.emplace_back(label(Mode::word, "Lexical item too long, line %d", MAXSYN - 1),
+            room_->labels.emplace_back(readlabel(Mode::word, "Lexical item too long, line %d", MAXSYN - 1),
                                        &node->lex);
         } else if (c == ')') {
             ++p_;

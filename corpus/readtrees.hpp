@@ -43,7 +43,8 @@ class TreeReader {
     enum class Mode { category, tag, word };
 
     void skip_blanks();
-    std::string_view label(Mode mode, const char *too_long, std::size_t most);
+    [[noreturn]] static void no_label(Mode mode);
+    std::string_view readlabel(Mode mode, const char *too_long, std::size_t most);
     std::string_view category(bool bracketed);
     bool annotations(Node *node, bool bracketed, bool &closes_mother, bool &has_word);
 

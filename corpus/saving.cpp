@@ -47,7 +47,8 @@ SaveResult save_natively(const std::string &name, const char *refusal) {
     return {SaveStatus::saved, {}, name + " saved"};
 }
 
-WriteFault write_dop(const std::string &name, CorpusFormat format) {
+// Both ways: below the extra root too, when the name asks for it.
+WriteFault write_corpus_dop_style(const std::string &name, CorpusFormat format) {
     OutputFile file(name);
     if (!file.ok()) return {name, file.error()};
     TreeWriter writer(format, augments(name), file);
@@ -96,8 +97,8 @@ SaveResult save() {
 SaveResult save_as(const std::string &name, CorpusFormat format, TreeView *view,
                    const EvaluateFormula &evaluate) {
     if (format == CorpusFormat::atis) return save_natively(name, cannot_save_as);
-    const WriteFault fault =
-        format == CorpusFormat::info ? write_information(name, view, evaluate) : write_dop(name, format);
+    const WriteFault fault = format == CorpusFormat::info ? write_information(name, view, evaluate)
+                                                          : write_corpus_dop_style(name, format);
     if (!fault.name.empty()) return cannot_write(cannot_save_as, fault);
     return {SaveStatus::saved, {}, written_message(name, format)};
 }

@@ -59,7 +59,7 @@ class StructureCheck {
         const bool bracketed = *p_ == '(';
         char kind = *p_;
         if (bracketed) ++p_;
-        if (!label(kind, MAXSYN - 1)) return false;
+        if (!check_readlabel(kind, MAXSYN - 1)) return false;
         switch (annotations(bracketed)) {
             case Ending::fault:
                 return false;
@@ -89,7 +89,7 @@ class StructureCheck {
                 ++p_;
                 if (tag) return fault("Two semantic tags on one node."), Ending::fault;
                 tag = true;
-                if (!label(START_SEM_TAG, MAXSEM - 1)) return Ending::fault;
+                if (!check_readlabel(START_SEM_TAG, MAXSEM - 1)) return Ending::fault;
             } else if (c == START_LEX_TAG) {
                 ++p_;
                 if (word) {
@@ -97,7 +97,7 @@ class StructureCheck {
                     return Ending::fault;
                 }
                 word = true;
-                if (!label(START_LEX_TAG, MAXSYN - 1)) return Ending::fault;
+                if (!check_readlabel(START_LEX_TAG, MAXSYN - 1)) return Ending::fault;
             } else if (c == ')') {
                 ++p_;
                 return bracketed || open_lists_ == 0 ? Ending::complete : Ending::closes_mother;
@@ -112,10 +112,10 @@ class StructureCheck {
         return Ending::fault;
     }
 
-    // check_readlabel: one label and the character that ends it. `kind` is "(" for the category of a
+    // One label and the character that ends it. `kind` is "(" for the category of a
     // bracketed node, "|" for a tag, "/" for a word, and the label's own first character for the category of
     // a bare node.
-    bool label(char kind, std::size_t most) {
+    bool check_readlabel(char kind, std::size_t most) {
         const bool is_tag = kind == START_SEM_TAG, is_word = kind == START_LEX_TAG;
         if (!is_tag && !is_word && !skip_blanks()) return false;
         const char *const start = p_;
@@ -140,12 +140,12 @@ class StructureCheck {
         }
         if (p_ == end_) return fault("Unexpected end of tree");
         if (nesting > 0) return fault("Unmatched '('");
-        if (p_ == start) return no_label(kind);
+        if (p_ == start) return editor_no_label(kind);
         if (static_cast<std::size_t>(p_ - start) > most) return fault("Label too long");
         return true;
     }
 
-    bool no_label(char kind) {
+    bool editor_no_label(char kind) {
         return fault(kind == START_LEX_TAG   ? "Lexical item expected"
                      : kind == START_SEM_TAG ? "Semantic tag expected"
                                              : "Empty node encountered");
