@@ -2,6 +2,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <iterator>
@@ -90,13 +91,15 @@ int put_out_corpus(const Options &options) {
 }
 
 std::string for_terminal(std::string_view notice) {
-    const std::string text = sub_string_replace(notice, "\n\x1b\n", "\n");
-    std::string lines;
-    for (const char c : text) {
-        const bool lays_out = (c == ' ' || c == '\t') && lines.ends_with('\n');
-        if (!lays_out) lines += c;
+    constexpr std::string_view line_break = "\n\x1b\n";
+    std::string shown;
+    for (std::size_t at; (at = notice.find(line_break)) != notice.npos;) {
+        const std::size_t end = notice.find_first_not_of(" \t", at + line_break.size());
+        shown += visible(notice.substr(0, at));
+        shown += notice.substr(at, end - at);
+        notice.remove_prefix(std::min(end, notice.size()));
     }
-    return visible(lines);
+    return shown + visible(notice);
 }
 
 void complain(std::string_view message) {

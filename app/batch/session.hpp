@@ -47,8 +47,8 @@ void complain(std::string_view message);
 // The whole of a file, or of standard input for "-". False after a message if it cannot be read.
 bool take_in(const std::string &name, std::string &text);
 
-// A notice's text for a terminal: the marks that lay it out in a window (lines of an ESC alone, tabs at the
-// start of a line) are left out, other control characters are made visible.
+// A notice's text for a terminal: its own line breaks (a line of an ESC alone, then blanks and tabs) stand as
+// they are, other control characters are made visible.
 std::string for_terminal(std::string_view notice);
 
 }  // namespace brindle::batch
