@@ -2,12 +2,16 @@
 // A file that appears whole or not at all: written beside its target, checked, flushed to disk and renamed
 // over it.
 //
+// A long text goes to the system in the background, a piece at a time, while the caller makes the next piece;
+// so a failure may show one piece late.
+//
 // Links are followed and the target's permissions kept. A target that is no regular file (a device, a pipe)
 // is written straight. The unfinished file is removed by the destructor, when the program exits, and, once
 // remove_unfinished_files_on_signals has been called, when a signal ends it.
 #include <sys/stat.h>
 
 #include <ctime>
+#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -42,14 +46,18 @@ class OutputFile : public TextSink {
     std::timespec modified() const { return modified_; }
 
   private:
-    bool fail();
-    bool flush();
-    bool write_out(const char *bytes, std::size_t size);
+    bool fail() { return fail(errno); }
+    bool fail(int fault);
+    bool hand_over();
+    bool arrived();
+    int write_out(std::string_view bytes) const;
     void create_beside(const struct stat *old, std::optional<mode_t> mode);
 
     std::string target_;
     std::string beside_;  // the unfinished file; empty: the target is written straight
     std::string buffer_;
+    std::string on_its_way_;       // what the background writes
+    std::future<int> background_;  // the errno of that; 0: it is written
     int fd_ = -1;
     int fault_ = 0;
     int slot_ = -1;  // where a signal handler finds beside_
