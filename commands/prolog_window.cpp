@@ -57,7 +57,7 @@ class WindowHost final : public PrologHost {
     void go_on_evaluating() override { go_on_with_node_run(); }
     void stop_batch(TreeView *view) override {
         TreeWindow *tw = open_window(view);
-        if (tw && commands.stop_batch) commands.stop_batch(*tw);
+        if (tw) commands.stop_batch(*tw);
     }
     void batch_prompt_at_node(Node *node, std::string_view text, TreeView *view) override {
         brindle::batch_prompt_at_node(node, text, view);

@@ -13,7 +13,7 @@ namespace {
 enum Answer { NO = 1, YES = 2 };
 
 void quit(TreeWindow &tw, tk::Button &) {
-    if (BATCH && BATCH_TREE_GUI == &tw && commands.stop_batch) commands.stop_batch(tw);
+    if (BATCH && BATCH_TREE_GUI == &tw) commands.stop_batch(tw);
     close_tree_window(tw);
 }
 

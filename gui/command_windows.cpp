@@ -58,8 +58,7 @@ void add_ok_and_cancel(tk::CommandFrame &frame, tk::TextField &field, FieldComma
 }
 
 tk::Button::Callback button_callback(ButtonCommand Commands::*command) {
-    return
-        [command](tk::Button &button) { run(button.frame(), commands.*command, window_of(button), button); };
+    return [command](tk::Button &button) { (commands.*command)(window_of(button), button); };
 }
 
 }  // namespace brindle

@@ -42,14 +42,14 @@ tk::Button::Callback button_callback(ButtonCommand Commands::*command);
 template <class Item>
 auto value_callback(ValueCommand Commands::*command) {
     return [command](Item &item, auto value) {
-        run(item.frame(), commands.*command, window_of(item), item, static_cast<int>(value));
+        (commands.*command)(window_of(item), item, static_cast<int>(value));
     };
 }
 
 // A handler for a requestor's field that calls an entry of the command table.
 template <FieldCommand Commands::*command>
 void call_field_command(TreeWindow &tw, tk::TextField &field) {
-    run(field.frame(), commands.*command, tw, field);
+    (commands.*command)(tw, field);
 }
 
 }  // namespace brindle

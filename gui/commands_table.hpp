@@ -1,6 +1,6 @@
 #pragma once
 // What buttons, menus, fields and keys do: a table of commands that the windows are wired to. gui/ knows no
-// command; commands/ fills the table at start-up. An entry that is still null says "Not available yet.".
+// command; commands/ fills the whole table at start-up, before a window is opened.
 #include "gui/keys.hpp"
 
 namespace brindle::tk {
@@ -57,7 +57,6 @@ struct Commands {
     EntryCommand controls = nullptr;
     EntryCommand show_punc = nullptr;
     // Requestors; `save_to_name` is what "Save as" puts into the file requestor.
-    FieldCommand set_tag = nullptr;
     FieldCommand which_save_as = nullptr;
     FieldCommand propose_results_to_name = nullptr;
     FieldCommand set_pred = nullptr;
@@ -97,17 +96,5 @@ struct Commands {
 };
 
 extern Commands commands;  // filled by commands/ at start-up, read by the callbacks of all windows
-
-// Tells the user that a command is missing.
-void not_available(tk::Frame &frame);
-
-// Calls the command with the arguments, or tells the user that it is missing.
-template <class... Parameters, class... Arguments>
-void run(tk::Frame &frame, void (*command)(Parameters...), Arguments &&...arguments) {
-    if (command)
-        command(static_cast<Arguments &&>(arguments)...);
-    else
-        not_available(frame);
-}
 
 }  // namespace brindle

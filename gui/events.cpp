@@ -27,7 +27,7 @@ void select_event(TreeWindow &tw, const tk::Event &event) {
 
 void adjust_event(TreeWindow &tw, const tk::Event &event) {
     if (tree_disabled(tw)) return;
-    if (Node *node = nodefind(tw, event.at)) run(*tw.frame, commands.displayinf, tw, *node, event);
+    if (Node *node = nodefind(tw, event.at)) commands.displayinf(tw, *node, event);
 }
 
 void menu_event(TreeWindow &tw, const tk::Event &event) {
@@ -48,7 +48,7 @@ void menu_event(TreeWindow &tw, const tk::Event &event) {
 }
 
 void turn_page(TreeWindow &tw, ButtonCommand command, tk::Button *button) {
-    if (button) run(*tw.frame, command, tw, *button);
+    if (button) command(tw, *button);
 }
 
 void key_event(TreeWindow &tw, const tk::Event &event) {
@@ -109,7 +109,7 @@ void adjust_view(int code, TreeWindow &tw) {
 
 void interrupt_run() {
     TreeWindow *running = BATCH ? open_window(BATCH_TREE_GUI) : nullptr;
-    if (running) run(*running->frame, commands.stop_batch, *running);
+    if (running) commands.stop_batch(*running);
 }
 
 bool tree_disabled(TreeWindow &tw) {

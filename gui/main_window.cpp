@@ -50,11 +50,9 @@ void create_main_window(tk::Frame &main_frame) {
     main_frame.set_footer("Output window");
 
     tk::Panel &panel = main_frame.add_panel();
-    tk::Button &quit = panel.add_button(
-        "Quit", {}, [&main_frame](tk::Button &button) { run(main_frame, commands.qt, button); });
-    tk::TextField &query = panel.add_text_field(
-        "query:  ?-", {}, {.shown = 20, .stored = 1 << 20},
-        [&main_frame](tk::TextField &field) { run(main_frame, commands.commando, field); });
+    tk::Button &quit = panel.add_button("Quit", {}, [](tk::Button &button) { commands.qt(button); });
+    tk::TextField &query = panel.add_text_field("query:  ?-", {}, {.shown = 20, .stored = 1 << 20},
+                                                [](tk::TextField &field) { commands.commando(field); });
     query.set_inactive(true);
     tk::Button &edit = panel.add_button(edit_label(CORPUS), {}, clone);
     tk::TextWindow &output = main_frame.add_text_window();

@@ -74,14 +74,14 @@ tk::MenuItem::Callback node_callback(NodeCommand Commands::*command) {
     return [command](tk::MenuItem &item) {
         tk::Menu &shown = item.menu().top();
         TreeWindow &tw = window_of(shown);
-        if (Node *node = node_of(shown)) run(*tw.frame, commands.*command, tw, *node);
+        if (Node *node = node_of(shown)) (commands.*command)(tw, *node);
     };
 }
 
 tk::MenuItem::Callback entry_callback(EntryCommand Commands::*command) {
     return [command](tk::MenuItem &item) {
         TreeWindow &tw = window_of(item.menu());
-        run(*tw.frame, commands.*command, tw, item);
+        (commands.*command)(tw, item);
     };
 }
 

@@ -18,7 +18,7 @@ bool selector_background(tk::Panel &panel, const tk::Event &event) {
     if (!ours || event.negative) return ours;
     const int row = list.selected();
     if (event.code == tk::CODE_RETURN)
-        run(panel.frame(), commands.select_tag, tw, list);
+        commands.select_tag(tw, list);
     else if (event.code == tk::CODE_ESCAPE)
         dismiss(frame_to_hide(list));
     else if (up && row > 0)
@@ -39,8 +39,7 @@ void add_messages(tk::Panel &panel, int kind) {
 }
 
 tk::Button::Callback list_callback(ListCommand Commands::*command) {
-    return
-        [command](tk::Button &button) { run(button.frame(), commands.*command, window_of(button), button); };
+    return [command](tk::Button &button) { (commands.*command)(window_of(button), button); };
 }
 
 }  // namespace
@@ -50,7 +49,7 @@ void create_tag_selector(TreeWindow &tw, int kind) {
     tk::Panel &panel = frame.panel();
     add_messages(panel, kind);
     tk::List &list = panel.add_list({}, tk::new_row(), {.rows = 6, .width = 300});
-    list.set_on_activate([](tk::List &l, int) { run(l.frame(), commands.select_tag, window_of(l), l); });
+    list.set_on_activate([](tk::List &l, int) { commands.select_tag(window_of(l), l); });
     tk::Button &ok = panel.add_button("Ok", tk::new_row(), list_callback(&Commands::select_tag));
     tk::Button &where = panel.add_button("Where?", {}, list_callback(&Commands::where));
     add_cancel(frame);
