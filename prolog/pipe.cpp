@@ -159,26 +159,18 @@ bool start_prolog(PrologHost &host, std::vector<std::string> command) {
 bool forkandpipe(const std::vector<std::string> &arguments, PrologHost &host) {
     if (arguments.empty() || arguments.front().empty()) error("pipe called with no argument");
     connection.host = &host;
-    Pipe to = make_pipe();
-    Pipe from = make_pipe();
-    if (to.read.get() < 0 || from.read.get() < 0) {
-        perror("pipe");
-        return false;
-    }
     SpawnRequest request;
     request.arguments = arguments;
-    request.input = to.read.get();
-    request.output = from.write.get();
     request.not_found = ": command not found.\n";
     request.not_found_fd = STDOUT_FILENO;
-    const Spawned started = spawn(request);
+    Spawned started = spawn(request);
     if (started.pid < 0) return false;
     connection.stream.reset();
     connection.pid = started.pid;
     connection.executed = started.executed;
     connection.was_ready = connection.restarted = false;
-    prolog_io[1] = to.write.release();
-    prolog_io[2] = from.read.release();
+    prolog_io[1] = started.to.release();
+    prolog_io[2] = started.from.release();
     for (const int fd : {prolog_io[1], prolog_io[2]}) fcntl(fd, F_SETFL, O_NONBLOCK);
     watch_output();
     host.watch_child(started.pid, sigchldcatcher);

@@ -57,25 +57,15 @@ std::string exchange(Fd to, Fd from, std::string_view input) {
 bool fork_n_wait(std::string_view input, std::string &output, const std::vector<std::string> &arguments,
                  const std::string &directory) {
     output.clear();
-    Pipe to = make_pipe();
-    Pipe from = make_pipe();
-    if (to.read.get() < 0 || from.read.get() < 0) {
-        perror("pipe");
-        return false;
-    }
     SpawnRequest request;
     request.arguments = arguments;
-    request.input = to.read.get();
-    request.output = from.write.get();
     request.errors_to_output = true;
     request.directory = directory;
     request.not_found = ":file not found.\n";
     request.failure_status = 1;
-    const Spawned program = spawn(request);
+    Spawned program = spawn(request);
     if (program.pid < 0) return false;
-    to.read.reset();
-    from.write.reset();
-    const std::string written = exchange(std::move(to.write), std::move(from.read), input);
+    const std::string written = exchange(std::move(program.to), std::move(program.from), input);
     int status = 0;
     while (waitpid(program.pid, &status, 0) < 0 && errno == EINTR) {
     }

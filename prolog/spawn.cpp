@@ -23,6 +23,19 @@ Fd above_standard(int fd) {
     return Fd(fcntl(fd, F_DUPFD_CLOEXEC, first_free_fd));
 }
 
+// A pipe's ends, neither of them a standard descriptor, both closed on exec.
+struct Pipe {
+    Fd read;
+    Fd write;
+    bool ok() const { return read.get() >= 0 && write.get() >= 0; }
+};
+
+Pipe make_pipe() {
+    int ends[2];
+    if (pipe2(ends, O_CLOEXEC) != 0) return {};
+    return {above_standard(ends[0]), above_standard(ends[1])};
+}
+
 // In the child, where a failing write has nobody to tell.
 void tell(int fd, std::string_view text) {
     while (!text.empty()) {
@@ -54,10 +67,11 @@ void default_signals() {
     _exit(request.failure_status);
 }
 
-[[noreturn]] void become(const SpawnRequest &request, char *const *arguments, int status_fd) {
-    dup2(request.input, STDIN_FILENO);
-    dup2(request.output, STDOUT_FILENO);
-    if (request.errors_to_output) dup2(request.output, STDERR_FILENO);
+[[noreturn]] void become(const SpawnRequest &request, char *const *arguments, const Pipe &to,
+                         const Pipe &from, int status_fd) {
+    dup2(to.read.get(), STDIN_FILENO);
+    dup2(from.write.get(), STDOUT_FILENO);
+    if (request.errors_to_output) dup2(from.write.get(), STDERR_FILENO);
     if (status_fd != first_free_fd) dup3(status_fd, first_free_fd, O_CLOEXEC);
     closefrom(first_free_fd + 1);
     default_signals();
@@ -83,26 +97,25 @@ void Fd::reset(int fd) {
     fd_ = fd;
 }
 
-Pipe make_pipe() {
-    int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) return {};
-    Pipe made{above_standard(ends[0]), above_standard(ends[1])};
-    return made.read.get() < 0 || made.write.get() < 0 ? Pipe{} : std::move(made);
-}
-
 Spawned spawn(const SpawnRequest &request) {
     std::vector<char *> arguments;
     for (const std::string &word : request.arguments) arguments.push_back(const_cast<char *>(word.c_str()));
     arguments.push_back(nullptr);
+    Pipe to = make_pipe();
+    Pipe from = make_pipe();
     Pipe status = make_pipe();
-    const pid_t pid = status.read.get() < 0 ? -1 : fork();
+    if (!to.ok() || !from.ok() || !status.ok()) {
+        perror("pipe");
+        return {};
+    }
+    const pid_t pid = fork();
     if (pid < 0) {
         perror("fork failed");
         return {};
     }
-    if (pid == 0) become(request, arguments.data(), status.write.get());
+    if (pid == 0) become(request, arguments.data(), to, from, status.write.get());
     status.write.reset();
-    return {pid, has_executed(status.read.get())};
+    return {pid, has_executed(status.read.get()), std::move(to.write), std::move(from.read)};
 }
 
 ssize_t write_to_pipe(int fd, std::string_view bytes) {

@@ -30,19 +30,9 @@ class Fd {
     int fd_ = -1;
 };
 
-// A new pipe's read end and write end, neither of them a standard descriptor, both closed on exec. Both -1
-// when the system has none left (errno tells).
-struct Pipe {
-    Fd read;
-    Fd write;
-};
-Pipe make_pipe();
-
 // What a child is started with.
 struct SpawnRequest {
     std::vector<std::string> arguments;  // the program, searched along the path, and its arguments; not empty
-    int input = -1;                      // becomes standard input
-    int output = -1;                     // becomes standard output
     bool errors_to_output = false;       // standard error too; else it stays as it is
     std::string directory;               // changed to first unless empty; a failure is told on standard error
     std::string not_found;               // written when the program is not found, after its name
@@ -50,14 +40,16 @@ struct SpawnRequest {
     int failure_status = 255;            // the child's exit status when it cannot be executed
 };
 
+// A child, and the other ends of its standard input and output.
 struct Spawned {
-    pid_t pid = -1;  // -1: the fork failed; the reason is on standard error
-    bool executed =
-        false;  // false: the program could not be executed, and the child has ended or is about to
+    pid_t pid = -1;         // -1: no pipe or no process could be had; the reason is on standard error
+    bool executed = false;  // false: the program could not be executed; the child has ended or is about to
+    Fd to;
+    Fd from;
 };
 
-// Starts the program with every signal at its default and no other descriptor open. A program that cannot be
-// executed says so as the request asks and ends with the request's status.
+// Starts the program on two pipes, with every signal at its default and no other descriptor open. A program
+// that cannot be executed says so as the request asks and ends with the request's status.
 Spawned spawn(const SpawnRequest &request);
 
 // write(2) to a pipe; without a reader it fails with EPIPE and no signal is left behind.
