@@ -172,6 +172,9 @@ BulkStoring::~BulkStoring() {
             add_counts(link->label, link);
             add_counts(link->twin->label, link);
         });
+    RankedList<ParentRecord>::make_room_for_changes();
+    LexLinks::make_room_for_changes();
+    LabelLinks::make_room_for_changes();
 }
 
 }  // namespace brindle
