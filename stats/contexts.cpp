@@ -1,6 +1,7 @@
 #include "stats/contexts.hpp"
 
 #include <array>
+#include <unordered_map>
 #include <vector>
 
 #include "model/forest.hpp"
@@ -15,6 +16,9 @@ Pool<ParentRecord> parent_records;
 namespace {
 
 using ContextList = RankedList<ParentRecord>;
+
+// Those that entries refer to; no pool can hold them.
+std::unordered_map<const LabelEntry *, CategoryContexts> all_category_contexts;
 
 // A change of one list.
 struct Change {
@@ -129,7 +133,7 @@ ParentRecord *search_lexparent(const LexLink *link, const Context &context) {
 
 const TagCounts *tags_above(LabelEntry *category, const Path &path) {
     if (!category->contexts) {
-        category->contexts = new CategoryContexts;
+        category->contexts = &all_category_contexts[category];
         category->links.for_each([category](const LabelLink *link) {
             link->parents.for_each([category](const ParentRecord *r) {
                 if (r->checked_count > 0) (*category->contexts)[r->key().path()][r->sem] += r->checked_count;
@@ -144,7 +148,14 @@ void clear_contexts(Parents &parents) {
     parents.clear(parent_records);
 }
 
+void clear_category_contexts(LabelEntry *category) {
+    if (category->contexts) all_category_contexts.erase(category);
+    category->contexts = nullptr;
+}
+
 void reset_contexts() {
+    all_category_contexts.clear();
+    Parents::forget_all_paths();
     ContextList::forget_all();
     parent_records.clear();
 }

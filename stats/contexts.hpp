@@ -34,6 +34,8 @@ const TagCounts *tags_above(LabelEntry *category, const Path &path);
 
 // Gives the records of a list back.
 void clear_contexts(Parents &parents);
+// Forgets what tags_above keeps for a category.
+void clear_category_contexts(LabelEntry *category);
 // Forgets all contexts of all lists at once.
 void reset_contexts();
 

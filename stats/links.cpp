@@ -51,22 +51,6 @@ void clear_all(Entry *entry, Pool<Link> &pool) {
     entry->links.clear(pool);
 }
 
-void drop_contexts(LabelEntry *entry) {
-    delete entry->contexts;
-    entry->contexts = nullptr;
-}
-void drop_contexts(LexEntry *) {}
-
-// Frees what the entries of a table hold outside the pools.
-template <class Table>
-void drop_indexes(Table &entries) {
-    for (auto &bucket : entries)
-        for (auto *entry = bucket.first; entry; entry = entry->next) {
-            entry->links.for_each([](auto *link) { link->parents.drop_paths(); });
-            drop_contexts(entry);
-        }
-}
-
 }  // namespace
 
 void store(Label *syn, Label *sem, Label *lex, Node *node) {
@@ -147,7 +131,7 @@ void adjust_checked_amounts(Node *root) {
 
 void clear_links(LabelEntry *entry) {
     clear_all(entry, label_links);
-    drop_contexts(entry);
+    clear_category_contexts(entry);
 }
 
 void clear_links(LexEntry *entry) {
@@ -155,8 +139,6 @@ void clear_links(LexEntry *entry) {
 }
 
 void reset_links() {
-    drop_indexes(table);
-    drop_indexes(lex_table);
     reset_contexts();
     LabelLinks::forget_all();
     LexLinks::forget_all();

@@ -1,7 +1,6 @@
 #include "stats/parents.hpp"
 
 #include <algorithm>
-#include <memory>
 
 namespace brindle {
 namespace {
@@ -65,39 +64,39 @@ void Parents::clear(Pool<ParentRecord> &pool) {
 }
 
 void Parents::drop_paths() {
-    delete paths_;
+    if (paths_) all_paths_.erase(this);
     paths_ = nullptr;
 }
 
-Parents::Paths *Parents::new_paths() const {
-    auto paths = std::make_unique<Paths>();
+Parents::Paths Parents::made_paths() const {
+    Paths paths;
     for (const ParentRecord *r = first(); r && r->checked_count > 0; r = r->next) {
-        PathTags &path = (*paths)[r->key().path()];
+        PathTags &path = paths[r->key().path()];
         path.tags.push_back({r->sem, r->checked_count});
         path.total += r->checked_count;
     }
-    return paths.release();
+    return paths;
 }
 
 const char *Parents::fault() const {
     if (const char *fault = list_.fault()) return fault;
     if (!paths_) return nullptr;
-    const std::unique_ptr<const Paths> fresh(new_paths());
+    const Paths fresh = made_paths();
     std::size_t met = 0;
     for (const auto &[path, tags] : *paths_) {
-        const auto found = fresh->find(path);
-        met += found != fresh->end();
-        if (!(tags == (found == fresh->end() ? PathTags() : found->second)))
+        const auto found = fresh.find(path);
+        met += found != fresh.end();
+        if (!(tags == (found == fresh.end() ? PathTags() : found->second)))
             return "the index of paths differs from the list";
     }
-    return met == fresh->size() ? nullptr : "the index of paths misses a path";
+    return met == fresh.size() ? nullptr : "the index of paths misses a path";
 }
 
 const PathTags &Parents::tags_of(const Path &path, PathTags &room) {
     room.tags.clear();
     room.total = 0;
     if (paths_ || list_.length() > longest_without_paths) {
-        if (!paths_) paths_ = new_paths();
+        if (!paths_) paths_ = &all_paths_.emplace(this, made_paths()).first->second;
         const auto found = paths_->find(path);
         return found == paths_->end() ? room : found->second;
     }

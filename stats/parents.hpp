@@ -1,6 +1,7 @@
 #pragma once
 // Mother contexts: the ranked list that hangs on a link, and the two indexes of it that the proposal asks.
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include <tsl/robin_map.h>
@@ -101,8 +102,8 @@ class Parents {
     void lower(ParentRecord *record);
     void clear(Pool<ParentRecord> &pool);
 
-    // Frees what is not in a pool; before RankedList::forget_all.
-    void drop_paths();
+    // Forgets the indexes of all lists at once; before RankedList::forget_all.
+    static void forget_all_paths() { all_paths_.clear(); }
 
     // As in RankedList, and whether the index of paths agrees with the list.
     const char *fault() const;
@@ -114,7 +115,11 @@ class Parents {
   private:
     using Paths = tsl::robin_map<Path, PathTags, HashOf>;
     static constexpr std::int32_t longest_without_paths = 8;
-    Paths *new_paths() const;
+    Paths made_paths() const;
+    void drop_paths();
+
+    // The indexes, which no pool can hold, with their lists.
+    inline static std::unordered_map<const Parents *, Paths> all_paths_;
 
     RankedList<ParentRecord> list_;
     Paths *paths_ = nullptr;  // only of a list that is ordered

@@ -69,6 +69,7 @@ Gui::Gui(std::vector<std::string> command, GuiOptions options)
     std::vector<std::string> environment = options.environment;
     environment.push_back("DISPLAY=" + server_.name());
     environment.push_back("BRINDLE_UI_MAP=" + map_file_);
+    environment.push_back(LEAKS_OF_OTHERS);
     program_ =
         std::make_unique<Process>(in_directory(directory_, command), environment, map_directory + "/errors");
     const auto started = [&](const UiMap &map) {

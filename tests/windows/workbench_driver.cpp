@@ -83,9 +83,8 @@ Workbench::Workbench(const std::string &corpus, const std::string &name, std::ve
     command.push_back(name);
     namespace fs = std::filesystem;
     if (!companion.empty()) fs::copy_file(companion, path(fs::path(companion).filename()));
-    const std::vector<std::string> environment{
-        "LC_ALL=C.UTF-8", "BRINDLE_SCALE=1", "BRINDLE_PROLOG=" + prolog,
-        "LSAN_OPTIONS=suppressions=" BRINDLE_SOURCE_DIR "/tests/windows/lsan.supp:print_suppressions=0"};
+    const std::vector<std::string> environment{"LC_ALL=C.UTF-8", "BRINDLE_SCALE=1",
+                                               "BRINDLE_PROLOG=" + prolog};
     const bool iconic = std::ranges::count(options, "-iconic") > 0;
     gui_ = std::make_unique<Gui>(command, GuiOptions{true, environment, directory_, iconic});
 }
