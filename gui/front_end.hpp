@@ -28,7 +28,7 @@ class WindowFrontEnd : public FrontEnd {
     tk::Frame &frame_of(TreeView *view);
 
     tk::Frame &main_frame_;
-    std::chrono::steady_clock::time_point dispatched_;
+    std::chrono::steady_clock::time_point next_dispatch_;
 };
 
 }  // namespace brindle
