@@ -6,8 +6,19 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 
 namespace brindle {
+namespace {
+
+// A page of a mapping that the file no longer has comes as a signal: nothing can be done but to say why.
+[[noreturn]] void was_cut_short(int) {
+    constexpr std::string_view text = "error: the file was cut short while it was being read; try again\n";
+    [[maybe_unused]] const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+    _exit(1);
+}
+
+}  // namespace
 
 InputFile::InputFile(const std::string &name) {
     const int fd = open(name.c_str(), O_RDONLY | O_CLOEXEC);
@@ -34,6 +45,7 @@ InputFile::~InputFile() {
 bool InputFile::map(int fd, std::size_t size) {
     void *mapping = mmap(nullptr, size, PROT_READ, MAP_PRIVATE, fd, 0);
     if (mapping == MAP_FAILED) return read_all(fd);
+    std::signal(SIGBUS, was_cut_short);
     madvise(mapping, size, MADV_SEQUENTIAL);
     mapping_ = mapping;
     text_ = {static_cast<const char *>(mapping), size};

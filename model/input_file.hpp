@@ -6,7 +6,8 @@
 
 namespace brindle {
 
-// The text lives as long as the object. The file must not be cut short meanwhile.
+// The text lives as long as the object. If somebody cuts the file short meanwhile, the program says so on
+// standard error and ends with status 1.
 class InputFile {
   public:
     // Opens and maps the file (or reads it, when it is no regular file). On failure ok() is false and errno
