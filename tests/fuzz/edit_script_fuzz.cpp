@@ -3,27 +3,12 @@
 #include "app/batch/edit_script.hpp"
 #include "check.hpp"
 #include "corpus/readtrees.hpp"
-#include "corpus/writetrees.hpp"
 #include "model/text.hpp"
+#include "saved.hpp"
 #include "stats/tables.hpp"
 #include "stats/verify.hpp"
 
-namespace {
-
 using namespace brindle;
-
-struct StringSink : TextSink {
-    bool write(std::string_view piece) override { return text += piece, true; }
-    std::string text;
-};
-
-std::string corpus() {
-    StringSink sink;
-    FUZZ_CHECK(save_corpus(sink));
-    return sink.text;
-}
-
-}  // namespace
 
 extern "C" int LLVMFuzzerInitialize(int *, char ***) {
     set_text_locale();
@@ -35,13 +20,13 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     tables_init();
     reset_forest();
     read_forest("*\n( (S|s(d1,d2) (NP|n A|x/a) (VP|v B/b)) )\n( (S (NP A/a) C|x/b) )\n", "");
-    std::string before = corpus();
+    std::string before = saved();
     while (!rest.empty()) {
         const std::size_t end = rest.find('\n');
         const std::string message = batch::carry_out(rest.substr(0, end));
         rest = end == rest.npos ? std::string_view() : rest.substr(end + 1);
         FUZZ_CHECK(verify_tables().empty());
-        std::string after = corpus();
+        std::string after = saved();
         FUZZ_CHECK(message.empty() || after == before);
         before = std::move(after);
     }
@@ -49,6 +34,6 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
     tables_init();
     reset_forest();
     read_forest(before, "");
-    FUZZ_CHECK(corpus() == before);
+    FUZZ_CHECK(saved() == before);
     return 0;
 }

@@ -1,25 +1,14 @@
 // Any bytes are a corpus or a format error; a corpus is sound, and saved it is the same corpus again.
 #include "check.hpp"
 #include "corpus/readtrees.hpp"
-#include "corpus/writetrees.hpp"
 #include "model/text.hpp"
+#include "saved.hpp"
 #include "stats/tables.hpp"
 #include "stats/verify.hpp"
 
 namespace {
 
 using namespace brindle;
-
-struct StringSink : TextSink {
-    bool write(std::string_view piece) override { return text += piece, true; }
-    std::string text;
-};
-
-std::string saved() {
-    StringSink sink;
-    FUZZ_CHECK(save_corpus(sink));
-    return sink.text;
-}
 
 void reset_all() {
     tables_init();
