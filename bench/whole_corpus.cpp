@@ -171,16 +171,21 @@ bool copy_file(const std::string &from, const std::string &name) {
 }
 
 // Writes the corpus to the file in one format after another, and copies the saved file, in turns: how fast
-// the system takes bytes depends on what it has done before. Side files land in the current directory.
+// the system takes bytes depends on what it has done before. No file is there before: replacing one would
+// take time for giving its memory back. Side files land in the current directory.
 bool write_all(const std::string &name) {
     const std::string copy = name + ".copy";
+    unlink(name.c_str());
     Best save("save"), copying("copy"), dop("dop"), dop2("dop2");
     for (int i = 0; i < 4; ++i) {
         if (!save.run([&] { return is_saved(write_corpus(name)); })) return false;
         if (!copying.run([&] { return copy_file(name, copy); })) return false;
         unlink(copy.c_str());
+        unlink(name.c_str());
         if (!dop.run([&] { return is_saved(save_as(name, CorpusFormat::dop)); })) return false;
+        unlink(name.c_str());
         if (!dop2.run([&] { return is_saved(save_as(name, CorpusFormat::dop2)); })) return false;
+        unlink(name.c_str());
     }
     return true;
 }

@@ -1,9 +1,11 @@
 #include "corpus/writetrees.hpp"
 
+#include <algorithm>
 #include <charconv>
 
 #include "model/fetch_ahead.hpp"
 #include "model/punctuation.hpp"
+#include "model/text_parts.hpp"
 #include "model/traversal.hpp"
 
 namespace brindle {
@@ -51,6 +53,18 @@ void fetch_labels(const Node *root) {
     for (const Node *n = root; n; n = next_in_document(n, root)) {
         fetch_ahead(n->sem);
         fetch_ahead(n->lex);
+    }
+}
+
+// The trees that are written at a time, while others write others.
+constexpr int trees_of_part = 512;
+
+void write_trees(int part, TextBuffer &out) {
+    if (part == 0) out << '\n';
+    const int end = std::min(amount, (part + 1) * trees_of_part);
+    for (int t = part * trees_of_part; t < end && out.ok(); ++t) {
+        tree_number(t + 1, out);
+        write_tree_entry(forest[static_cast<std::size_t>(t)], out);
     }
 }
 
@@ -103,13 +117,8 @@ void write_the_words(const Node *root, TextBuffer &out) {
 }
 
 bool save_corpus(TextSink &sink) {
-    TextBuffer out(sink);
-    out << '\n';
-    for (int t = 0; t < amount && out.ok(); ++t) {
-        tree_number(t + 1, out);
-        write_tree_entry(forest[static_cast<std::size_t>(t)], out);
-    }
-    return out.flush();
+    const int nr_of_parts = std::max(1, (amount + trees_of_part - 1) / trees_of_part);
+    return write_parts(sink, nr_of_parts, write_trees);
 }
 
 }  // namespace brindle

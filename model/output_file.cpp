@@ -19,8 +19,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::size_t buffer_size = 1 << 20;
-
 // The names of unfinished files, where a signal handler may read them.
 std::array<std::atomic<char *>, 16> unfinished;
 
@@ -130,58 +128,37 @@ void OutputFile::create_beside(const struct stat *old, std::optional<mode_t> mod
 }
 
 OutputFile::~OutputFile() {
-    arrived();
     if (fd_ >= 0) close(fd_);
     if (!beside_.empty()) unlink(beside_.c_str());
     strike(slot_);
 }
 
-bool OutputFile::fail(int fault) {
-    if (fault_ == 0) fault_ = fault ? fault : EIO;
+bool OutputFile::fail() {
+    if (fault_ == 0) fault_ = errno ? errno : EIO;
     return false;
-}
-
-// Writes all bytes; returns the errno of what failed, or 0. It looks at nothing that the caller's thread
-// changes meanwhile.
-int OutputFile::write_out(std::string_view bytes) const {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(fd_, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return errno ? errno : EIO;
-        bytes.remove_prefix(static_cast<std::size_t>(written));
-    }
-    // The disk may begin at once, so that fsync finds little left to do.
-    if (!beside_.empty()) sync_file_range(fd_, 0, 0, SYNC_FILE_RANGE_WRITE);
-    return 0;
-}
-
-// Waits for what is written in the background.
-bool OutputFile::arrived() {
-    const int fault = background_.valid() ? background_.get() : 0;
-    return fault == 0 || fail(fault);
-}
-
-// Has the buffer written in the background (or, where the system gives no thread, when it is waited for).
-bool OutputFile::hand_over() {
-    if (!arrived()) return false;
-    std::swap(buffer_, on_its_way_);
-    buffer_.clear();
-    background_ = std::async([this] { return write_out(on_its_way_); });
-    return true;
 }
 
 bool OutputFile::write(std::string_view piece) {
     if (!ok()) return false;
-    buffer_ += piece;
-    return buffer_.size() < buffer_size || hand_over();
+    begun_ += piece.size();
+    while (!piece.empty()) {
+        const ssize_t written = ::write(fd_, piece.data(), piece.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written <= 0) return fail();
+        piece.remove_prefix(static_cast<std::size_t>(written));
+    }
+    // The disk may begin at once, so that fsync finds little left to do.
+    constexpr std::size_t worth_beginning = 1 << 20;
+    if (begun_ >= worth_beginning && !beside_.empty()) {
+        sync_file_range(fd_, 0, 0, SYNC_FILE_RANGE_WRITE);
+        begun_ = 0;
+    }
+    return true;
 }
 
 bool OutputFile::complete() {
     if (!ok()) return false;
     if (fd_ < 0) return true;
-    if (!arrived()) return false;
-    if (const int fault = write_out(buffer_)) return fail(fault);
-    buffer_.clear();
     struct stat status = {};
     if (!beside_.empty() && fsync(fd_) != 0) return fail();
     if (fstat(fd_, &status) == 0) modified_ = status.st_mtim;

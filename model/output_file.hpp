@@ -2,16 +2,12 @@
 // A file that appears whole or not at all: written beside its target, checked, flushed to disk and renamed
 // over it.
 //
-// A long text goes to the system in the background, a piece at a time, while the caller makes the next piece;
-// so a failure may show one piece late.
-//
 // Links are followed and the target's permissions kept. A target that is no regular file (a device, a pipe)
 // is written straight. The unfinished file is removed by the destructor, when the program exits, and, once
 // remove_unfinished_files_on_signals has been called, when a signal ends it.
 #include <sys/stat.h>
 
 #include <ctime>
-#include <future>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,7 +25,7 @@ class OutputFile : public TextSink {
     OutputFile(const OutputFile &) = delete;
     OutputFile &operator=(const OutputFile &) = delete;
 
-    // Appends; false once anything has failed.
+    // Appends at once: small pieces are better gathered in a TextBuffer. False once anything has failed.
     bool write(std::string_view piece) override;
     // Flushes everything to disk: what can fail has been done then, but the target is still as it was (unless
     // it is no regular file). False: it failed.
@@ -46,18 +42,12 @@ class OutputFile : public TextSink {
     std::timespec modified() const { return modified_; }
 
   private:
-    bool fail() { return fail(errno); }
-    bool fail(int fault);
-    bool hand_over();
-    bool arrived();
-    int write_out(std::string_view bytes) const;
+    bool fail();
     void create_beside(const struct stat *old, std::optional<mode_t> mode);
 
     std::string target_;
-    std::string beside_;  // the unfinished file; empty: the target is written straight
-    std::string buffer_;
-    std::string on_its_way_;       // what the background writes
-    std::future<int> background_;  // the errno of that; 0: it is written
+    std::string beside_;     // the unfinished file; empty: the target is written straight
+    std::size_t begun_ = 0;  // bytes written since the disk was last told to begin
     int fd_ = -1;
     int fault_ = 0;
     int slot_ = -1;  // where a signal handler finds beside_

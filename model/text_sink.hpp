@@ -46,7 +46,7 @@ class TextBuffer {
     bool flush();
     bool ok() const { return ok_; }
 
-    static constexpr std::size_t piece_size = 1 << 18;
+    static constexpr std::size_t piece_size = 1 << 19;
 
   private:
     void make_room(std::size_t bytes);

@@ -23,7 +23,16 @@ namespace {
 // Standard output as a sink that reports what could not be written.
 struct StandardOutput : TextSink {
     bool write(std::string_view piece) override {
-        return std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size();
+        return std::fwrite(piece.data(), 1, piece.size(), stdout) == piece.size() || fail();
+    }
+    bool flush() { return std::fflush(stdout) == 0 || fail(); }
+    // The errno of what failed; `write` may have met it in another thread, which has its own.
+    int fault = 0;
+
+  private:
+    bool fail() {
+        fault = errno;
+        return false;
     }
 };
 
@@ -37,8 +46,8 @@ int told(const std::string &name, const std::string &reason) {
 int write_to(const std::string &name, const std::function<bool(TextSink &)> &produce) {
     if (name == "-") {
         StandardOutput sink;
-        if (produce(sink) && std::fflush(stdout) == 0) return done;
-        return told("standard output", std::strerror(errno));
+        if (produce(sink) && sink.flush()) return done;
+        return told("standard output", std::strerror(sink.fault));
     }
     OutputFile file(name);
     if (file.ok() && produce(file) && file.commit()) return done;
