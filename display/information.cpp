@@ -8,8 +8,11 @@
 namespace brindle {
 namespace {
 
+std::string_view name_of(const Label *label) {
+    return label ? label->view() : "(unlabeled)";
+}
 std::string_view name_of(const LabelEntry *entry) {
-    return entry->name ? entry->name->view() : "(unlabeled)";
+    return name_of(entry->name);
 }
 
 double percentage(int part, int whole) {

@@ -57,11 +57,14 @@ class RecordIndex {
     void prefetch_slot(std::uint32_t hash) const {
         if (size_ != 0) fetch_ahead(&slots_[home(hash)]);
     }
-    void prefetch_record(std::uint32_t hash) const {
-        if (size_ == 0) return;
+    void prefetch_record(std::uint32_t hash) const { fetch_ahead(guess(hash)); }
+
+    // The record that find will most likely return, or null; no record is looked at.
+    T *guess(std::uint32_t hash) const {
+        if (size_ == 0) return nullptr;
         std::size_t at = home(hash);
         while (slots_[at].record && slots_[at].hash != hash) at = after(at);
-        fetch_ahead(slots_[at].record);
+        return slots_[at].record;
     }
 
     void clear() { *this = {}; }

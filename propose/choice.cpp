@@ -120,9 +120,9 @@ class CombinationFinder {
     // The share of the chosen mother's context among those of the daughter's candidate; 0: it does not fit.
     double share_of(const Frame &frame, std::size_t d, const PEntry &candidate) {
         const PTreeNode &p = tree_.nodes[frame.place];
-        const Path path{p.syn_entry, static_cast<std::int32_t>(d - frame.base) + 1, p.node->nr_of_dtrs};
+        const Path path{p.node->syn, static_cast<std::int32_t>(d - frame.base) + 1, p.node->nr_of_dtrs};
         const ParentRecord *record = candidate.parents().find(
-            {path.syn, tree_.entries[frame.entry].sem(), path.dtr_nr, path.nr_of_dtrs});
+            {path.syn, tree_.entries[frame.entry].sem()->name, path.dtr_nr, path.nr_of_dtrs});
         if (!record || record->checked_count == 0) return 0.0;
         return share(record->checked_count, candidate.parents().tags_of(path, room_).total);
     }

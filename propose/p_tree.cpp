@@ -30,7 +30,7 @@ class CandidateFinder {
   private:
     // What is known about one tag of the mother while its daughters are gone through.
     struct MotherTag {
-        LabelEntry *sem;
+        Label *sem;
         double prob = 1.0;       // the product over the daughters so far
         double best = 0.0;       // the highest contribution of the present daughter
         std::uint32_t fits = 0;  // how many daughters with candidates fit, of those so far
@@ -68,7 +68,7 @@ class CandidateFinder {
         }
         if (slots_.size() == 0) return;
         for (LabelLink *l = p.syn_entry->links.first(); l && l->checked_count > 0; l = l->next)
-            if (slots_.find(l->label) != TagSlots::none) add_category_candidate(p, l);
+            if (slots_.find(l->name) != TagSlots::none) add_category_candidate(p, l);
     }
 
     // The combinations: for each tag of the mother over which every daughter with candidates has one that
@@ -87,7 +87,8 @@ class CandidateFinder {
         }
         for (const MotherTag &tag : mother_tags_)
             if (tag.fits == fitting)
-                if (LabelLink *link = search_link(p.syn_entry, tag.sem))
+                if (LabelLink *link =
+                        search_link(p.syn_entry, search(tag.sem, LabelKind::SEM, MustExist::yes)))
                     tree_.entries.push_back({link, nullptr, tag.prob, true});
     }
 
@@ -121,7 +122,7 @@ class CandidateFinder {
         return {tree_.entries.data() + p.entries, p.nr_of_entries};
     }
     Path path(const PTreeNode &p, std::size_t d) const {
-        return {p.syn_entry, static_cast<std::int32_t>(d) + 1, p.node->nr_of_dtrs};
+        return {p.node->syn, static_cast<std::int32_t>(d) + 1, p.node->nr_of_dtrs};
     }
 
     PTree &tree_;

@@ -6,7 +6,7 @@
 
 namespace brindle {
 
-struct LabelEntry;
+struct Label;
 
 class TagSlots {
   public:
@@ -21,12 +21,12 @@ class TagSlots {
     std::uint32_t size() const { return size_; }
 
     // The slot of a tag, or `none`.
-    std::uint32_t find(const LabelEntry *tag) const {
+    std::uint32_t find(const Label *tag) const {
         const Place &place = places_[place_of(tag)];
         return place.round == round_ ? place.slot : none;
     }
     // The slot of a tag, a new one if it had none.
-    std::uint32_t add(const LabelEntry *tag) {
+    std::uint32_t add(const Label *tag) {
         if (2 * (size_ + 1) > places_.size()) grow();
         Place &place = places_[place_of(tag)];
         if (place.round != round_) place = {tag, round_, size_++};
@@ -35,13 +35,13 @@ class TagSlots {
 
   private:
     struct Place {
-        const LabelEntry *tag = nullptr;
+        const Label *tag = nullptr;
         std::uint32_t round = 0;  // the place is taken if it was filled in the present round
         std::uint32_t slot = 0;
     };
 
     // Where the tag is, or where it would go. The number of places is a power of two.
-    std::size_t place_of(const LabelEntry *tag) const {
+    std::size_t place_of(const Label *tag) const {
         const std::size_t mask = places_.size() - 1;
         std::size_t at = (reinterpret_cast<std::uintptr_t>(tag) >> 4) * 0x9e3779b97f4a7c15u >> 32 & mask;
         while (places_[at].round == round_ && places_[at].tag != tag) at = (at + 1) & mask;

@@ -15,17 +15,17 @@ LabelEntry *entry_of_tag(Label *name) {
 }
 
 // Contexts on their way from memory: the slots of the index first, then the records, then the records'
-// neighbours.
+// neighbours. The lists may be on their way when they are added.
 class ContextsAhead {
   public:
     void add(const Parents &parents, const Context &context) {
         if (size_ == most) return;
         const std::uint32_t hash = parents.hash(context);
-        parents.prefetch(hash);
+        Parents::prefetch_slot(hash);
         contexts_[size_++] = {&parents, context, hash};
     }
     void fetch_elements() const {
-        for (std::size_t i = 0; i < size_; ++i) contexts_[i].parents->prefetch_element(contexts_[i].hash);
+        for (std::size_t i = 0; i < size_; ++i) fetch_ahead(contexts_[i].parents->guess(contexts_[i].hash));
     }
     void fetch_neighbours() const {
         for (std::size_t i = 0; i < size_; ++i)
@@ -48,93 +48,94 @@ class ContextsAhead {
 class ChangeAhead {
   public:
     ChangeAhead(const Node *node, std::string_view tag) : node_(node), name_(tag, &tag_) {
-        fetch_ahead(node);
+        fetch_whole_ahead(node);
     }
 
     void fetch_family() {
         prefetch({&name_, 1});
+        fetch_whole_ahead(node_->mother);
+        fetch_whole_ahead(node_->dtrs);
+        fetch_ahead(node_->sem);
+        fetch_ahead(node_->lex);
         fetch_ahead(node_->link);
         fetch_ahead(node_->lexlink);
-        fetch_ahead(node_->mother);
-        fetch_ahead(node_->dtrs);
-        fetch_ahead(node_->sem);
         fetch_ahead(node_->undo_sem);
-        fetch_ahead(node_->lex);
-    }
-
-    void fetch_entries() {
-        for (const Node *d = node_->dtrs; d; d = d->sister) fetch_ahead(d->link);
-        if (node_->mother) fetch_ahead(node_->mother->sem);
-        if (node_->undo_sem) fetch_ahead(node_->undo_sem->sem);
-        if (node_->lex) fetch_ahead(node_->lex->word);
-        fetch_ahead(node_->link->twin);
-        old_ = entry_of_tag(node_->sem);
-        fetch_ahead(old_);
-        tag_ = name_.text.empty() ? nullptr : find_label(name_.text);
-        if (tag_ || name_.text.empty()) new_ = entry_of_tag(tag_);
-        fetch_ahead(new_);
     }
 
     void fetch_slots() {
         category_ = category_entry(node_);
-        if (node_->mother) fetch_slots_of_own_context();
-        for (const Node *d = node_->dtrs; d; d = d->sister) {
-            contexts_.add(d->link->parents, context_below(d, old_));
-            if (new_) contexts_.add(d->link->parents, context_below(d, new_));
+        if (node_->mother) {
+            own_ = context_of(node_);
+            add_contexts(contexts_, node_, own_);
         }
-        if (node_->link->count == 1) fetch_slots_of_pair(old_);
+        tag_ = name_.text.empty() ? nullptr : find_label(name_.text);
+        if (tag_ || name_.text.empty()) new_ = entry_of_tag(tag_);
+        for (const Node *d = node_->dtrs; d; d = d->sister) fetch_slots_below(d);
+        old_ = entry_of_tag(node_->sem);
+        fetch_whole_ahead(old_);
+        fetch_whole_ahead(new_);
+        if (node_->undo_sem) fetch_ahead(node_->undo_sem->sem);
+        if (node_->lex) fetch_ahead(node_->lex->word);
         if (new_) fetch_slots_of_pair(new_);
+        if (node_->link->count == 1) fetch_slots_of_pair(old_);
+        fetch_whole_ahead(node_->link->twin);
     }
 
     void fetch_elements() {
         contexts_.fetch_elements();
+        if (new_) fetch_new_links();
         category_->links.prefetch_neighbours(node_->link);
         old_->links.prefetch_neighbours(node_->link->twin);
         if (node_->lexlink) word_entry(node_)->links.prefetch_neighbours(node_->lexlink);
-        if (!new_) return;
-        new_->links.prefetch_element(new_->links.hash(category_));
-        category_->links.prefetch_element(category_->links.hash(new_));
-        if (node_->lex) word_entry(node_)->links.prefetch_element(hash_in_word(new_));
     }
 
-    // The node's context in the lists where it will be counted.
-    void fetch_new_lists() {
+    void fetch_neighbours() const {
         contexts_.fetch_neighbours();
-        if (!new_) return;
-        const LexLink *lexlink = node_->lex ? search_lexlink(word_entry(node_), category_, new_) : nullptr;
-        const LabelLink *link = lexlink ? lexlink->link : search_link(category_, new_);
-        if (!link) return;
-        fetch_ahead(link);
-        fetch_ahead(link->twin);
-        if (!node_->mother) return;
-        new_contexts_.add(link->parents, context_of(node_));
-        if (lexlink) new_contexts_.add(lexlink->parents, context_of(node_));
+        new_contexts_.fetch_elements();
     }
-
-    void fetch_new_elements() const { new_contexts_.fetch_elements(); }
 
   private:
-    Context context_below(const Node *daughter, LabelEntry *tag) const {
-        return {category_, tag, dtr_nr(daughter), node_->nr_of_dtrs};
+    // A node's contexts stand at its link and, if it has a word, at its word's.
+    static void add_contexts(ContextsAhead &contexts, const Node *node, const Context &context) {
+        contexts.add(node->link->parents, context);
+        if (node->lexlink) contexts.add(node->lexlink->parents, context);
+    }
+
+    void fetch_slots_below(const Node *daughter) {
+        fetch_ahead(daughter->link);
+        fetch_ahead(daughter->lexlink);
+        Context context = context_of(daughter);
+        add_contexts(contexts_, daughter, context);
+        if (!new_) return;
+        context.sem = tag_;
+        add_contexts(contexts_, daughter, context);
     }
     std::uint32_t hash_in_word(LabelEntry *tag) const {
         return word_entry(node_)->links.hash({category_, tag});
     }
-
-    void fetch_slots_of_own_context() {
-        const Context own = context_of(node_);
-        contexts_.add(node_->link->parents, own);
-        if (node_->lexlink) contexts_.add(node_->lexlink->parents, own);
-    }
     void fetch_slots_of_pair(LabelEntry *tag) const {
-        category_->links.prefetch(category_->links.hash(tag));
-        tag->links.prefetch(tag->links.hash(category_));
-        if (node_->lex) word_entry(node_)->links.prefetch(hash_in_word(tag));
+        LabelLinks::prefetch_slot(category_->links.hash(tag));
+        LabelLinks::prefetch_slot(tag->links.hash(category_));
+        if (node_->lex) LexLinks::prefetch_slot(hash_in_word(tag));
+    }
+
+    // The links that the node will have, and its context in their lists.
+    void fetch_new_links() {
+        if (const LabelLink *link = category_->links.guess(category_->links.hash(new_))) fetch_new_link(link);
+        fetch_ahead(new_->links.guess(new_->links.hash(category_)));
+        if (!node_->lex) return;
+        if (const LexLink *link = word_entry(node_)->links.guess(hash_in_word(new_))) fetch_new_link(link);
+    }
+    template <class Link>
+    void fetch_new_link(const Link *link) {
+        fetch_ahead(link);
+        if (node_->mother) new_contexts_.add(link->parents, own_);
     }
 
     const Node *node_;
     Label *tag_ = nullptr;
     Unnamed name_;
+    Context own_ = {};
     LabelEntry *category_ = nullptr;
     LabelEntry *old_ = nullptr;
     LabelEntry *new_ = nullptr;  // null: nobody has the tag
@@ -148,11 +149,9 @@ void fetch_change_ahead(const Node *node, std::string_view tag) {
     ChangeAhead ahead(node, tag);
     if (!node->link) return;
     ahead.fetch_family();
-    ahead.fetch_entries();
     ahead.fetch_slots();
     ahead.fetch_elements();
-    ahead.fetch_new_lists();
-    ahead.fetch_new_elements();
+    ahead.fetch_neighbours();
 }
 
 }  // namespace brindle

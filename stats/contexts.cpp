@@ -119,8 +119,7 @@ void record_tree(Node *root) {
 }
 
 Context context_of(const Node *node) {
-    return {search(node->mother->syn, LabelKind::NONTERM, MustExist::yes), tag_entry(node->mother),
-            dtr_nr(node), nr_of_sisters(node)};
+    return {node->mother->syn, node->mother->sem, dtr_nr(node), nr_of_sisters(node)};
 }
 
 ParentRecord *search_parent(const LabelLink *link, const Context &context) {

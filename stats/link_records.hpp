@@ -13,6 +13,7 @@ struct LexEntry;
 // In a category's list: a tag; in a tag's list: a category.
 struct alignas(64) LabelLink : Ranked<LabelLink> {
     LabelEntry *label = nullptr;
+    Label *name = nullptr;      // its name
     LabelLink *twin = nullptr;  // the link of the same two labels in the other's list
     Parents parents;            // used only in a category's list
     LabelLink *next = nullptr;

@@ -86,6 +86,8 @@ LabelLink *new_pair(LabelEntry *category, LabelEntry *tag) {
     LabelLink *link = category->links.add(tag, label_links);
     link->twin = tag->links.add(category, label_links);
     link->twin->twin = link;
+    link->name = tag->name;
+    link->twin->name = category->name;
     return link;
 }
 

@@ -7,13 +7,13 @@ namespace {
 
 using Tag = PathTags::Tag;
 
-std::vector<Tag>::iterator place_of(PathTags &path, const LabelEntry *sem) {
+std::vector<Tag>::iterator place_of(PathTags &path, const Label *sem) {
     return std::find_if(path.tags.begin(), path.tags.end(), [sem](const Tag &tag) { return tag.sem == sem; });
 }
 
 // The tags stay in the order of their records: what rises becomes the last of the next higher group of
 // equals, what falls the first of the next lower one.
-void raise_in(PathTags &path, LabelEntry *sem) {
+void raise_in(PathTags &path, Label *sem) {
     ++path.total;
     auto tag = place_of(path, sem);
     if (tag == path.tags.end()) {
@@ -26,7 +26,7 @@ void raise_in(PathTags &path, LabelEntry *sem) {
     ++first_equal->checked_count;
 }
 
-void lower_in(PathTags &path, LabelEntry *sem) {
+void lower_in(PathTags &path, Label *sem) {
     --path.total;
     const auto tag = place_of(path, sem);
     const auto past_equals = std::partition_point(

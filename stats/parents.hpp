@@ -10,6 +10,7 @@
 
 namespace brindle {
 
+struct Label;
 struct LabelEntry;
 
 // A hash of two or three references and a number. The products do not wait for each other.
@@ -22,7 +23,7 @@ inline std::uint64_t mix_hash(const void *a, const void *b, std::uint64_t number
 
 // A place under some mother of a category, whatever the mother's tag.
 struct Path {
-    LabelEntry *syn;          // the mother's category (NONTERM)
+    Label *syn;               // the mother's category
     std::int32_t dtr_nr;      // 1-based position among the daughters
     std::int32_t nr_of_dtrs;  // number of the mother's daughters
     bool operator==(const Path &) const = default;
@@ -32,10 +33,11 @@ struct Path {
     std::uint64_t hash() const { return mix_hash(syn, nullptr, place()); }
 };
 
-// A mother context: under which mother, and where among its daughters.
+// A mother context: under which mother, and where among its daughters. It names labels, not their entries:
+// so it can be read off the mother alone.
 struct Context {
-    LabelEntry *syn;          // the mother's category (NONTERM)
-    LabelEntry *sem;          // the mother's tag
+    Label *syn;               // the mother's category
+    Label *sem;               // the mother's tag; null: it has none
     std::int32_t dtr_nr;      // 1-based position among the daughters
     std::int32_t nr_of_dtrs;  // number of the mother's daughters
     bool operator==(const Context &) const = default;
@@ -52,8 +54,8 @@ struct HashOf {
 
 // How often a (category, tag) pair or a (word, category, tag) triple occurs in one mother context.
 struct alignas(64) ParentRecord : Ranked<ParentRecord> {
-    LabelEntry *syn = nullptr;
-    LabelEntry *sem = nullptr;
+    Label *syn = nullptr;
+    Label *sem = nullptr;
     std::int32_t dtr_nr = 0;
     std::int32_t nr_of_dtrs = 0;
     ParentRecord *next = nullptr;
@@ -68,7 +70,7 @@ struct alignas(64) ParentRecord : Ranked<ParentRecord> {
 // The mothers' tags that one path occurs with in checked trees, in the order of their records in the list.
 struct PathTags {
     struct Tag {
-        LabelEntry *sem;
+        Label *sem;
         std::int32_t checked_count;  // at least 1
         bool operator==(const Tag &) const = default;
     };
@@ -92,6 +94,8 @@ class Parents {
     std::uint32_t hash(const Context &context) const { return list_.hash(context); }
     void prefetch(std::uint32_t hash) const { list_.prefetch(hash); }
     void prefetch_element(std::uint32_t hash) const { list_.prefetch_element(hash); }
+    static void prefetch_slot(std::uint32_t hash) { RankedList<ParentRecord>::prefetch_slot(hash); }
+    ParentRecord *guess(std::uint32_t hash) const { return list_.guess(hash); }
     void prefetch_neighbours(const Context &context, std::uint32_t hash) const {
         list_.prefetch_neighbours(context, hash);
     }
@@ -127,7 +131,7 @@ class Parents {
 
 // The mothers' tags that the nodes of one category, whatever their own tags, occur with on each path in
 // checked trees, and how often.
-using TagCounts = tsl::robin_map<LabelEntry *, std::int32_t>;
+using TagCounts = tsl::robin_map<Label *, std::int32_t>;
 using CategoryContexts = tsl::robin_map<Path, TagCounts, HashOf>;
 
 }  // namespace brindle

@@ -120,6 +120,10 @@ class RankedList {
     void prefetch_element(std::uint32_t hash) const {
         if (length_ > 1) index_.prefetch_record(hash);
     }
+    // The same for a list that is itself still on its way: `prefetch_slot` does not look at it.
+    static void prefetch_slot(std::uint32_t hash) { index_.prefetch_slot(hash); }
+    // The element that a find with this hash will most likely return, or null; no element is looked at.
+    T *guess(std::uint32_t hash) const { return length_ == 1 ? first_ : index_.guess(hash); }
 
     // What is looked at besides when this element leaves the list, or an element enters it (null).
     void prefetch_neighbours(const T *element) const {

@@ -232,6 +232,7 @@ void Verifier::check_link(const LabelEntry *entry, const LabelLink *l) {
     key.syn = is_tag ? l->label->name : entry->name;
     key.sem = is_tag ? entry->name : l->label->name;
     compare(key, l->count, l->checked_count);
+    if (l->name != l->label->name) report("its name is not its label's: {}", text_of(key));
     if (l->twin->twin != l || l->twin->label != entry) report("not linked to its twin: {}", text_of(key));
     if (is_tag && l->parents.first()) report("contexts on a tag's link: {}", text_of(key));
     key.what = What::tag_context;
@@ -255,7 +256,7 @@ void Verifier::check_entry(const LexEntry *entry) {
 void Verifier::check_parents(const Parents &parents, Key key) {
     check_list(parents, key);
     parents.for_each([&](const ParentRecord *r) {
-        key.place = {r->syn->name, r->sem->name, r->dtr_nr, r->nr_of_dtrs};
+        key.place = {r->syn, r->sem, r->dtr_nr, r->nr_of_dtrs};
         compare(key, r->count, r->checked_count);
     });
 }
@@ -265,7 +266,7 @@ void Verifier::check_category_contexts(const LabelEntry *entry) {
     if (!entry->contexts) return;
     for (const auto &[path, tags] : *entry->contexts)
         for (const auto &[sem, count] : tags) {
-            const Place place{path.syn->name, sem->name, path.dtr_nr, path.nr_of_dtrs};
+            const Place place{path.syn, sem, path.dtr_nr, path.nr_of_dtrs};
             compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count,
                     count);
         }

@@ -60,7 +60,7 @@ struct LabelCounts {
 void write_parents(Out out, const Parents &parents) {
     for (const ParentRecord *p = parents.first(); p; p = p->next)
         fmt::format_to(out, "parent\t{}\t{}\t{}\t{}\t{}\t{}\n", p->count, p->checked_count, p->dtr_nr,
-                       p->nr_of_dtrs, text_of(p->syn->name), text_of(p->sem->name));
+                       p->nr_of_dtrs, text_of(p->syn), text_of(p->sem));
 }
 
 void write_label(Out out, std::size_t bucket, const LabelEntry *e) {

@@ -81,7 +81,7 @@ class Literal {
             const LabelEntry *daughter = category_entry(p.dtrs[std::size_t(i) - 1].node);
             for (LabelLink *l = daughter->links.first(); l; l = l->next)
                 for (const ParentRecord *r = l->parents.first(); r; r = r->next)
-                    if (r->syn == category_entry(p.node) && r->sem == sem && r->dtr_nr == i &&
+                    if (r->syn == p.node->syn && r->sem == sem->name && r->dtr_nr == i &&
                         r->nr_of_dtrs == n && r->checked_count >= 1)
                         return true;
         }
@@ -94,23 +94,25 @@ class Literal {
         if (f == p.dtrs.size()) return;
         for (const Candidate &e : p.dtrs[f].entries)
             for (const ParentRecord *r = e.records(); r; r = r->next) {
-                if (r->syn != category_entry(p.node) || r->dtr_nr != int(f) + 1 ||
-                    r->nr_of_dtrs != int(p.dtrs.size()) || r->checked_count < 1)
+                if (r->syn != p.node->syn || r->dtr_nr != int(f) + 1 || r->nr_of_dtrs != int(p.dtrs.size()) ||
+                    r->checked_count < 1)
                     continue;
-                if (LabelLink *link = search_link(r->syn, r->sem)) enumerate(p, link);
+                if (LabelLink *link =
+                        search_link(category_entry(p.node), search(r->sem, LabelKind::SEM, MustExist::yes)))
+                    enumerate(p, link);
                 if (result_.too_many) return;
             }
     }
 
     static Column fit(const PNode &p, std::size_t d, const LabelEntry *sem) {
         Column column;
-        const LabelEntry *syn = category_entry(p.node);
         for (const Candidate &q : p.dtrs[d].entries) {
             int total = 0, count = 0;
             for (const ParentRecord *r = q.records(); r; r = r->next) {
-                if (r->syn != syn || r->dtr_nr != int(d) + 1 || r->nr_of_dtrs != int(p.dtrs.size())) continue;
+                if (r->syn != p.node->syn || r->dtr_nr != int(d) + 1 || r->nr_of_dtrs != int(p.dtrs.size()))
+                    continue;
                 total += r->checked_count;
-                if (r->sem == sem) count = r->checked_count;
+                if (r->sem == sem->name) count = r->checked_count;
             }
             if (count < 1) continue;
             column.candidates.push_back(&q);

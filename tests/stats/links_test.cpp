@@ -103,7 +103,7 @@ TEST(parents, the_tags_of_one_path_are_those_of_a_walk_through_the_list) {
             }
         return tags;
     };
-    const Path path{nonterm("S"), 1, 2};
+    const Path path{intern("S"), 1, 2};
     PathTags room;
     EXPECT_EQ(parents.tags_of(path, room), by_walking(path));
     EXPECT_EQ(by_walking(path).tags.size(), 11u);

@@ -23,7 +23,7 @@ void ask_all() {
         for (LabelEntry *e = bucket.first; e; e = e->next) {
             if (e->kind == LabelKind::SEM) continue;
             ask(e->links.first());
-            tags_above(e, {e, 1, 1});
+            tags_above(e, {e->name, 1, 1});
         }
 }
 

@@ -14,8 +14,11 @@
 namespace brindle::test {
 namespace {
 
+std::string_view name_of(const Label *label) {
+    return label ? label->view() : "-";
+}
 std::string_view name_of(const LabelEntry *entry) {
-    return entry->name ? entry->name->view() : "-";
+    return name_of(entry->name);
 }
 
 // The elements of a list joined by blanks, each written as its name says.

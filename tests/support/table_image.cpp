@@ -20,7 +20,7 @@ std::string counts_of(const Record *record, int without = 0) {
 
 void add_contexts(TableImage &image, const std::string &owner, const Parents &parents) {
     for (const ParentRecord *r = parents.first(); r; r = r->next)
-        image[fmt::format("{} below {}|{} at {}/{}", owner, name_of(r->syn), name_of(r->sem), r->dtr_nr,
+        image[fmt::format("{} below {}|{} at {}/{}", owner, text_of(r->syn), text_of(r->sem), r->dtr_nr,
                           r->nr_of_dtrs)] = counts_of(r);
 }
 
