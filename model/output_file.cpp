@@ -99,8 +99,8 @@ void sync_folder(const std::string &file) {
 OutputFile::OutputFile(const std::string &target, std::optional<mode_t> mode) : target_(followed(target)) {
     struct stat status = {};
     const bool exists = stat(target_.c_str(), &status) == 0;
-    if (!exists && errno != ENOENT) {
-        fail();
+    if (!exists && (errno != ENOENT || target_.empty())) {
+        fail();  // no name at all is one that does not exist, too: but nothing can be put there
     } else if (exists && !S_ISREG(status.st_mode)) {
         fd_ = open(target_.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
         if (fd_ < 0) fail();

@@ -57,6 +57,7 @@ TEST(output_file, follows_links_and_keeps_permissions) {
 TEST(output_file, faults_carry_the_system_s_text) {
     Folder folder;
     EXPECT_EQ(OutputFile("none/file").error(), "No such file or directory");
+    EXPECT_EQ(OutputFile("").error(), "No such file or directory");
     EXPECT_EQ(OutputFile(".").error(), "Is a directory");
     OutputFile full("/dev/full");
     EXPECT_TRUE(full.ok());
