@@ -101,7 +101,8 @@ void edit_syntax(TreeWindow &tw, Node &node) {
     if (!all_precautions_taken(&node, tw)) return;
     set_node(*tw.syntax_textsw, &node);
     if (tw.font) tw.syntax_textsw->set_font(*tw.font);
-    tw.syntax_textsw->set_text(write_tree_to_editor(&node));
+    tw.syntax_text = write_tree_to_editor(&node);
+    tw.syntax_textsw->set_text(tw.syntax_text);
     tw.syntax_editor->set_pinned(true);
     position_frame_from_menu(*tw.syntax_editor, *tw.subtrees_menu, tw);
 }
@@ -122,17 +123,19 @@ void show_fault(const std::string &message, TreeWindow &tw) {
 void read_editor(TreeWindow &tw, tk::Button &button) {
     const int tree = edited_tree(tw);
     if (tree < 0) return;
-    Node *node = node_of(*tw.syntax_textsw);
-    // Text that nobody has touched is written back from the tree, not from the widget.
+    // Text that nobody has touched is as it was, whatever the widget made of its bytes.
     const std::string text =
-        (tw.syntax_textsw->modified() ? tw.syntax_textsw->text() : write_tree_to_editor(node)) + "\n";
-    if (tree != tw.tree_number) show_nr(tree, tw);
-    if (const std::string message = replace_subtree(tree, node, text); !message.empty()) {
+        (tw.syntax_textsw->modified() ? tw.syntax_textsw->text() : tw.syntax_text) + "\n";
+    const std::string message = replace_subtree(tree, node_of(*tw.syntax_textsw), text);
+    if (!message.empty()) {
         show_fault(message, tw);
         return;
     }
     set_node(*tw.syntax_textsw, nullptr);
-    tree_GUI_repaint(tw);
+    if (tree != tw.tree_number)
+        show_nr(tree, tw);
+    else
+        tree_GUI_repaint(tw);
     cancel_editor(tw, button);
 }
 

@@ -75,6 +75,7 @@ struct TreeWindow : TreeView, LayoutParams {
     tk::Scrollbar *hscrollbar = nullptr;
     tk::Scrollbar *vscrollbar = nullptr;
     tk::TextWindow *syntax_textsw = nullptr;
+    std::string syntax_text;  // what it showed when the editor was opened
     std::unique_ptr<tk::Notice> notice;
     std::unique_ptr<tk::Menu> annotation_menu;
     std::unique_ptr<tk::Menu> prefs_menu;

@@ -96,6 +96,32 @@ TEST(workbench_editor, help_undo_and_cancel) {
     EXPECT_EQ(w.node("1.1")->category, "NAME");
 }
 
+TEST(workbench_editor, answers_for_its_own_tree_and_text_whatever_the_window_has_turned_to) {
+    Workbench w;
+    w.edit();
+    edit_subtree(w, "2");
+    w.gui().key("ctrl+a");
+    w.gui().type("(VP VBZ/");
+    w.press("Next");
+    w.gui().press("Ok", editor);
+    w.answer("Unmatched '('");
+    EXPECT_EQ(w.tree(), "2") << "nothing has happened that is to be shown";
+    w.gui().press("Cancel", editor);
+    w.gui().wait_gone(editor);
+    w.press("Previous");
+    w.choose_at("2", {"edit syntax"});
+    w.gui().wait_focus(editor);
+    w.gui().server().move_window(editor, 740, 20);
+    w.press("Propose");
+    w.answer("The annotation of the selected nodes");
+    EXPECT_NE(w.tag("2"), "sleeps");
+    w.press("Next");
+    w.gui().press("Ok", editor);
+    w.gui().wait_gone(editor);
+    EXPECT_EQ(w.tree(), "1");
+    EXPECT_EQ(w.tag("2"), "sleeps") << "what the editor has shown all the time";
+}
+
 // Doubles the text by copying and pasting it.
 void double_text(Workbench &w, int times) {
     for (int n = 0; n < times; ++n) {
