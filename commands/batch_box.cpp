@@ -123,6 +123,7 @@ void enter_tree(int tree, TreeWindow &tw) {
 
 void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(const BatchRun &)> &action) {
     batch_init(tw);
+    const int number = batch_number();
     if (!footer.empty()) show_foot(*tw.frame, footer);
     tk::flush_display();
     Progress progress(tw, std::move(footer));
@@ -134,7 +135,7 @@ void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(c
         progress.step();
     };
     const int last = action(run);
-    if (!open_window(&tw)) return;
+    if (!open_window(&tw) || batch_number() != number) return;
     if (last >= 0) enter_tree(last, tw);
     stop_batch(tw);
 }

@@ -8,8 +8,14 @@
 #include "stats/changes.hpp"
 
 namespace brindle {
+namespace {
+
+int number_of_runs = 0;
+
+}  // namespace
 
 void begin_batch() {
+    ++number_of_runs;
     BATCH = true;
     FILTER_NODE = EVAL_NODE = nullptr;
 }
@@ -19,12 +25,17 @@ void end_batch() {
     FILTER_NODE = EVAL_NODE = nullptr;
 }
 
+int batch_number() {
+    return number_of_runs;
+}
+
 int run_batch(const BatchRun &run, const std::function<void(int)> &work) {
     int last = -1, done = 0;
+    const int number = batch_number();
     const int all = static_cast<int>(run.trees.size());
     for (const int tree : run.trees) {
         frontend->notify_dispatch();
-        if (!BATCH) break;
+        if (!BATCH || batch_number() != number) break;
         last = tree;
         if (run.take) run.take(tree);
         work(tree);

@@ -17,6 +17,9 @@ struct BatchRun {
 
 // A run begins: BATCH is set, and nobody waits for Prolog.
 void begin_batch();
+// The number of the run begun last. A run that finds another number after a dispatch has been aborted in it
+// and followed by another: BATCH is no longer its own.
+int batch_number();
 // It has ended, by itself or by Abort: BATCH, FILTER_NODE, EVAL_NODE and ROOT_ONLY are cleared.
 void end_batch();
 

@@ -45,6 +45,16 @@ TEST_F(Batch, abort_between_two_trees_ends_the_run) {
     EXPECT_EQ(check_all(run), -1) << "no run goes on without BATCH";
 }
 
+TEST_F(Batch, a_run_begun_right_after_abort_is_not_taken_for_the_aborted_one) {
+    front.on_dispatch = [&] {
+        if (taken.size() != 1) return;
+        end_batch();
+        begin_batch();
+    };
+    EXPECT_EQ(uncheck_all(run), 0);
+    EXPECT_TRUE(BATCH && forest[1].checked);
+}
+
 TEST_F(Batch, checks_and_unchecks) {
     check_all(run);
     EXPECT_EQ(sem("s")->checked_count, 1);
