@@ -168,6 +168,7 @@ void Frame::Impl::hide_window() {
     if (!window->shown()) return;
     close_popups();
     const bool was_mapped = std::exchange(mapped, false);
+    has_keyboard = false;  // FLTK does not tell of the server's event for a window that is gone
     window->hide();
     if (was_mapped) pass_focus_on(*this);
 }

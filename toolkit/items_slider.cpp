@@ -169,6 +169,7 @@ int SliderView::handle(int event) {
             if (!std::exchange(dragged_, false)) return ItemView::handle(event);
             value_ = value_at_pointer();  // FLTK may tell of the way to here only afterwards
             choose(std::exchange(value_, value_before_));
+            leave_item(*item);
             return 1;
         case FL_MOUSEWHEEL:
             commit();

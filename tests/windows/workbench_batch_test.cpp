@@ -43,5 +43,17 @@ TEST(workbench_batch, a_selection_is_counted_evaluated_and_undone) {
     EXPECT_EQ(w.file("selection").substr(0, 31), "\ntree #1\nitem #1\n\n*\n(\n (S|s(d1,");
 }
 
+TEST(workbench_batch, the_box_opens_anew_with_its_first_number_selected) {
+    Workbench w;
+    w.edit();
+    for (const char *number : {"2", "3"}) {
+        w.open_batch_box();
+        w.gui().type(number);  // over what was there
+        EXPECT_EQ(w.gui().value("slider", "From:"), number);
+        w.gui().key("Escape");
+        w.gui().wait_gone("Batch processing");
+    }
+}
+
 }  // namespace
 }  // namespace brindle::windows

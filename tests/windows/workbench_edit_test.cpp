@@ -124,6 +124,11 @@ TEST(workbench, pages_are_turned_by_buttons_keys_and_slider) {
     EXPECT_EQ(w.tag("2"), "walks");
     EXPECT_TRUE(w.gui().active("button", "Previous"));
     EXPECT_FALSE(w.gui().active("button", "Next"));
+    const Area slider = w.gui().map().item("slider", "Tree #")->area;
+    w.gui().click_at(slider.x + slider.w - 130, slider.middle_y());
+    EXPECT_EQ(w.tree(), "2");
+    w.gui().key("plus");  // after the slider the keys are the tree's again
+    EXPECT_EQ(w.tree(), "3");
 }
 
 TEST(workbench, a_corpus_of_one_tree_has_no_page_items) {
