@@ -172,6 +172,7 @@ int SliderView::handle(int event) {
             leave_item(*item);
             return 1;
         case FL_MOUSEWHEEL:
+            if (!Fl::event_inside(this)) return 0;  // FLTK offers the wheel to the whole window
             commit();
             choose(value_ - Fl::event_dy());
             return 1;

@@ -129,6 +129,11 @@ TEST(workbench, pages_are_turned_by_buttons_keys_and_slider) {
     EXPECT_EQ(w.tree(), "2");
     w.gui().key("plus");  // after the slider the keys are the tree's again
     EXPECT_EQ(w.tree(), "3");
+    constexpr unsigned wheel_down = 5;
+    w.gui().click_at(slider.x - 10, slider.y - 20, wheel_down);  // on a button
+    EXPECT_EQ(w.tree(), "3");
+    w.gui().click_at(slider.x + slider.w - 130, slider.middle_y(), wheel_down);
+    EXPECT_EQ(w.tree(), "2");
 }
 
 TEST(workbench, a_corpus_of_one_tree_has_no_page_items) {
