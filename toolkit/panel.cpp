@@ -8,6 +8,7 @@
 #include "toolkit/item_view.hpp"
 #include "toolkit/panel_impl.hpp"
 #include "toolkit/scale.hpp"
+#include "toolkit/x11.hpp"
 
 namespace brindle::tk {
 
@@ -15,6 +16,8 @@ namespace {
 
 constexpr int MARGIN_X = 8;  // of a panel whose first item has no place
 constexpr int MARGIN_Y = 4;
+constexpr int MARGIN_MAX = 14;  // below the last row
+constexpr int DECORATION = 40;  // px that a window manager may put above and below a window
 
 // The items of one row, and its height.
 struct Row {
@@ -31,19 +34,36 @@ class RowLayout {
     explicit RowLayout(Panel::Impl &panel) : panel_(panel) {
         for (std::size_t n = 0; n < panel.items.size(); ++n) add(n);
         for (const Row &row : rows_) measure_column(row);
+        close_up(bottom() + margin_below() - (work_area({0, 0}).h - DECORATION));
     }
 
     Size place_all(Point origin) {
         for (const Row &row : rows_) place_row(row, origin);
-        const Place first = panel_.places.empty() ? Place{} : panel_.places[0];
-        const int margin_x = px(first.x >= 0 ? first.x : MARGIN_X);
-        const int margin_y = px(first.y >= 0 ? std::min(first.y, 14) : MARGIN_Y);
-        return {right_ + margin_x, bottom() + margin_y};
+        const Place first = first_place();
+        return {right_ + px(first.x >= 0 ? first.x : MARGIN_X), bottom() + margin_below()};
     }
 
   private:
     ItemView &view(std::size_t n) const { return panel_.items[n]->view(); }
+    Place first_place() const { return panel_.places.empty() ? Place{} : panel_.places[0]; }
     int bottom() const { return rows_.empty() ? 0 : rows_.back().top + rows_.back().height; }
+    int margin_below() const {
+        const Place first = first_place();
+        return px(first.y >= 0 ? std::min(first.y, MARGIN_MAX) : MARGIN_Y);
+    }
+
+    // A panel that is too high for the screen gives up so much of the gaps between its rows.
+    void close_up(int excess) {
+        if (excess <= 0) return;
+        int gaps = 0;
+        std::vector<int> gaps_above;
+        for (std::size_t n = 0; n < rows_.size(); ++n) {
+            if (n > 0) gaps += rows_[n].top - rows_[n - 1].top - rows_[n - 1].height;
+            gaps_above.push_back(gaps);
+        }
+        for (std::size_t n = 0; gaps > 0 && n < rows_.size(); ++n)
+            rows_[n].top -= std::min(excess, gaps) * gaps_above[n] / gaps;
+    }
 
     void add(std::size_t n) {
         const Place &place = panel_.places[n];

@@ -108,6 +108,24 @@ TEST(workbench_start, x_options_choose_colours_and_the_font) {
     }
 }
 
+TEST(workbench_start, the_highest_window_fits_on_the_screen_however_large_its_letters) {
+    Workbench w(small_corpus, "small.trees", {"-scale", "1.9"});
+    w.edit();
+    w.press("Batch");
+    w.gui().wait_focus("Batch processing");
+    picture(w, "large.png");
+    const UiMap &map = w.gui().map();
+    int bottom = map.frame("Batch processing")->area.y;
+    for (const char *label : {"Actions:", "Filter all nodes through prolog", "Check tree", "Cancel"}) {
+        const ShownItem *item = map.item(label[0] == 'A' ? "message" : "button", label, "Batch processing");
+        ASSERT_NE(item, nullptr) << label;
+        EXPECT_GE(item->area.y, bottom) << label;
+        bottom = item->area.y + item->area.h;
+    }
+    EXPECT_GT(map.frame("Batch processing")->area.y, 0) << "the title is on the screen";
+    EXPECT_LT(bottom, 1000);
+}
+
 TEST(workbench_start, it_can_start_as_an_icon) {
     Workbench w(small_corpus, "small.trees", {"-iconic", "-title", "Towns"});
     EXPECT_TRUE(w.gui().map().frames.empty());
