@@ -12,6 +12,7 @@ build_packages=(g++ cmake ninja-build pkg-config libfltk1.3-dev libxft-dev libx1
 run_packages=(swi-prolog-nox fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-liberation)
 virtual_packages=(xvfb openbox xdotool imagemagick x11-utils)
 test_packages=(libgtest-dev libxtst-dev xvfb openbox python3 procps)
+bench_packages=(libbenchmark-dev)
 fuzz_packages=(clang libclang-rt-dev)
 package_packages=(dpkg-dev file)
 
