@@ -5,18 +5,18 @@
 
 #include <fmt/printf.h>
 
+#include "base/error.hpp"
+#include "base/text.hpp"
 #include "commands/install.hpp"
 #include "commands/prolog_window.hpp"
-#include "corpus/readtrees.hpp"
-#include "gui/front_end.hpp"
+#include "corpus/lattices.hpp"
+#include "corpus/reader.hpp"
+#include "gui/dialogs.hpp"
 #include "gui/main_window.hpp"
-#include "model/error.hpp"
-#include "model/forest.hpp"
-#include "model/text.hpp"
+#include "gui/the_corpus.hpp"
 #include "toolkit/display.hpp"
 #include "toolkit/frame.hpp"
 #include "toolkit/notifier.hpp"
-#include "wordgraph/readwg.hpp"
 
 namespace {
 
@@ -66,9 +66,10 @@ void read_everything(int argc, char **argv) {
     const bool with_wordgraphs = argc == 4 && std::strcmp(argv[1], "-w") == 0;
     if (argc != 2 && !with_wordgraphs)
         error(fmt::sprintf("Usage:\n\t%s [-w <wordgraphfile>][X-options] <corpusname>", argv[0]));
-    readcorpus(argv[argc - 1]);
-    if (with_wordgraphs) read_wordgraphs(argv[2]);
-    CORPUS = argv[argc - 1];
+    Corpus &corpus = the_corpus();
+    read_corpus(corpus, argv[argc - 1]);
+    if (with_wordgraphs) read_wordgraphs(corpus, argv[2]);
+    corpus.name = argv[argc - 1];
 }
 
 }  // namespace
@@ -80,13 +81,12 @@ int main(int argc, char **argv) {
     read_everything(argc, argv);
 
     install_commands();
+    repaint_on_changes();
     tk::Frame main_frame("BRINDLE");
-    WindowFrontEnd windows(main_frame);
-    frontend = &windows;
     create_main_window(main_frame);
-    start_prolog_in(main_frame);
+    MainProlog prolog(main_frame);
+    prolog.start();
     main_frame.show();
     tk::main_loop();
-    frontend = silent_frontend();
     return 0;
 }

@@ -1,5 +1,5 @@
 // Google Benchmark of the core's operations on one corpus: reading, label changes, checks, searching, layout,
-// proposing, writing in each format, coding. `items_per_second` counts nodes (changes, in new_label; pages,
+// proposing, writing in each format, coding. `items_per_second` counts nodes (changes, in set_tag; pages,
 // in page_turn).
 //
 //     bench-operations [Google Benchmark's options] [CORPUS]
@@ -8,55 +8,48 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <memory>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "base/input_file.hpp"
 #include "corpus/formats.hpp"
-#include "corpus/readtrees.hpp"
+#include "corpus/reader.hpp"
 #include "display/layout.hpp"
-#include "model/forest.hpp"
-#include "model/input_file.hpp"
+#include "edit/change.hpp"
 #include "model/pattern.hpp"
 #include "model/traversal.hpp"
-#include "propose/batch.hpp"
-#include "stats/changes.hpp"
-#include "stats/tables.hpp"
+#include "propose/propose.hpp"
 
 namespace {
 
 using namespace brindle;
 
 std::string corpus_text;
-bool is_as_read = false;  // the forest is the corpus as it is in its file
 
-void forget_corpus() {
-    reset_forest();
-    tables_init();
-    is_as_read = false;
+// The corpus, read anew.
+std::unique_ptr<Corpus> read_corpus_text() {
+    auto corpus = std::make_unique<Corpus>();
+    read_trees(*corpus, corpus_text);
+    return corpus;
 }
 
-void read_again() {
-    forget_corpus();
-    read_forest(corpus_text, "");
+// The corpus as it is in its file, for what changes nothing.
+Corpus &corpus_as_read() {
+    static const std::unique_ptr<Corpus> corpus = read_corpus_text();
+    return *corpus;
 }
 
-// The corpus as it is in its file, whatever was done to it before. Nodes of a corpus that was read again lie
-// less orderly in memory than those of the first one; so what changes nothing is measured first.
-void have_it_as_read() {
-    if (!is_as_read) read_again();
-    is_as_read = true;
-}
-
-std::vector<Node *> all_nodes() {
+std::vector<Node *> all_nodes(const Corpus &corpus) {
     std::vector<Node *> nodes;
-    for (const TreeEntry &tree : forest)
+    for (const Tree &tree : corpus.trees)
         for_each_in_subtree(tree.root, [&](Node *node) { nodes.push_back(node); });
     return nodes;
 }
 
 std::size_t nr_of_nodes() {
-    return all_nodes().size();
+    return all_nodes(corpus_as_read()).size();
 }
 
 void count_items(benchmark::State &state, std::size_t per_iteration) {
@@ -64,40 +57,45 @@ void count_items(benchmark::State &state, std::size_t per_iteration) {
                             static_cast<std::int64_t>(per_iteration));
 }
 
+// Units are tested once in each round, as one search does.
 void search_for(benchmark::State &state, const Pattern &pattern) {
+    const Corpus &corpus = corpus_as_read();
     for (auto _ : state) {
         long found = 0;
-        for (const TreeEntry &tree : forest)
-            for (const Node *n = nullptr; (n = next_match(pattern, tree.root, n));) ++found;
+        Matches matches(corpus, pattern);
+        for (const Tree &tree : corpus.trees)
+            for (const Node *n = nullptr; (n = matches.next(tree.root, n));) ++found;
         benchmark::DoNotOptimize(found);
     }
     count_items(state, nr_of_nodes());
 }
 
 void search_exact(benchmark::State &state) {
-    have_it_as_read();
-    const Node *const node = forest.front().root;
-    search_for(state, Pattern::exact(node->syn, node->sem, nullptr));
+    const Node *const node = corpus_as_read().tree(0).root;
+    search_for(state, Pattern::exact(node->syn(), node->sem(), nullptr));
 }
 BENCHMARK(search_exact)->Unit(benchmark::kMillisecond);
 
 void search_substring(benchmark::State &state) {
-    have_it_as_read();
     search_for(state, Pattern::substring("N", "a", "e"));
 }
 BENCHMARK(search_substring)->Unit(benchmark::kMillisecond);
 
+void search_in_vain(benchmark::State &state) {
+    search_for(state, Pattern::substring("a text that no label has", std::nullopt, std::nullopt));
+}
+BENCHMARK(search_in_vain)->Unit(benchmark::kMillisecond);
+
 constexpr int pixels_a_byte = 8;
 
 void layout(benchmark::State &state) {
-    have_it_as_read();
-    const TreeView view;
+    const Corpus &corpus = corpus_as_read();
     const LayoutParams params;
     ByteMeasure measure(pixels_a_byte);
     for (auto _ : state)
-        for (TreeEntry &tree : forest) tree_layout(view, params, measure, tree);
+        for (const Tree &tree : corpus.trees)
+            benchmark::DoNotOptimize(lay_out(tree.root, params, measure, false).width);
     count_items(state, nr_of_nodes());
-    forget_layout_owner(&view);
 }
 BENCHMARK(layout)->Unit(benchmark::kMillisecond);
 
@@ -108,11 +106,11 @@ struct Nowhere : TextSink {
 // The text of the whole corpus in one format, without a disk. The information format is written without its
 // checking program.
 void write(benchmark::State &state, CorpusFormat format) {
-    have_it_as_read();
+    Corpus &corpus = corpus_as_read();
     Nowhere sink;
     for (auto _ : state) {
-        TreeWriter writer(format, false, sink, [](Node *) { return Formula{}; });
-        for (int t = 0; t < amount; ++t) writer.write(t, t + 1);
+        TreeWriter writer(corpus, format, false, sink, [](Node *) { return Formula{}; });
+        for (int t = 0; t < corpus.amount(); ++t) writer.write(t, t + 1);
         writer.flush();
     }
     count_items(state, nr_of_nodes());
@@ -124,14 +122,14 @@ BENCHMARK_CAPTURE(write, info, CorpusFormat::info)->Unit(benchmark::kMillisecond
 
 // The codes alone, of every tagged node.
 void coder(benchmark::State &state) {
-    have_it_as_read();
+    Corpus &corpus = corpus_as_read();
     for (auto _ : state) {
-        EncodingRun codes;
+        EncodingRun codes(corpus);
         std::size_t length = 0;
-        for (int t = 0; t < amount; ++t)
-            for_each_in_subtree(forest[static_cast<std::size_t>(t)].root, [&](const Node *node) {
-                if (node->sem && (node->lex || node->dtrs))
-                    length += (node->lex ? codes.codeerlex(node) : codes.codeer(node, t + 1)).size();
+        for (int t = 0; t < corpus.amount(); ++t)
+            for_each_in_subtree(corpus.tree(t).root, [&](const Node *node) {
+                if (node->sem() && (node->lex() || node->dtrs()))
+                    length += (node->lex() ? codes.codeerlex(node) : codes.codeer(node, t + 1)).size();
             });
         benchmark::DoNotOptimize(length);
     }
@@ -140,59 +138,48 @@ void coder(benchmark::State &state) {
 BENCHMARK(coder)->Unit(benchmark::kMillisecond);
 
 void check(benchmark::State &state) {
-    have_it_as_read();
-    is_as_read = false;
+    const auto corpus = read_corpus_text();
     for (auto _ : state)
-        for (int t = 0; t < amount; ++t) set_checked(t, !forest[static_cast<std::size_t>(t)].checked);
+        for (int t = 0; t < corpus->amount(); ++t) set_checked(*corpus, t, !corpus->tree(t).checked);
     count_items(state, nr_of_nodes());
 }
 BENCHMARK(check)->Unit(benchmark::kMillisecond);
 
 // Random nodes get the tag of another node.
 void change_label(benchmark::State &state) {
-    have_it_as_read();
-    is_as_read = false;
-    const std::vector<Node *> nodes = all_nodes();
+    const auto corpus = read_corpus_text();
+    const std::vector<Node *> nodes = all_nodes(*corpus);
     std::mt19937_64 random(1);
     const auto any_node = [&] { return nodes[random() % nodes.size()]; };
     for (auto _ : state) {
         state.PauseTiming();
-        struct Change {
-            Node *node;
-            std::string tag;
-            bool checked;
-        };
-        std::vector<Change> changes;
-        for (int i = 0; i < 1000; ++i) {
-            Node *const node = any_node();
-            changes.push_back({node, std::string(text_of(any_node()->sem)), tree_of(node)->checked});
-        }
+        std::vector<std::pair<Node *, std::string>> changes;
+        for (int i = 0; i < 1000; ++i) changes.emplace_back(any_node(), text_of(any_node()->sem()));
         state.ResumeTiming();
-        for (const Change &change : changes) {
-            const TreeCheckedScope scope(change.checked);
-            new_label(change.node, change.tag, nullptr);
-        }
+        for (const auto &[node, tag] : changes) set_tag(*corpus, node, tag);
     }
     count_items(state, 1000);
 }
-BENCHMARK(change_label)->Name("new_label");
+BENCHMARK(change_label)->Name("set_tag");
 
 // Proposes the unchecked trees.
 void propose(benchmark::State &state) {
     std::size_t nodes = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        read_again();
+        const auto corpus = read_corpus_text();
         nodes = 0;
         std::vector<int> trees;
-        for (int t = 0; t < amount; ++t) {
-            const TreeEntry &tree = forest[static_cast<std::size_t>(t)];
+        for (int t = 0; t < corpus->amount(); ++t) {
+            const Tree &tree = corpus->tree(t);
             if (tree.checked) continue;
             trees.push_back(t);
             for_each_in_subtree(tree.root, [&](const Node *) { ++nodes; });
         }
         state.ResumeTiming();
-        for (const int t : trees) propose_tree(t);
+        Proposer proposer(*corpus);
+        for (const int t : trees) proposer.propose(t);
+        state.PauseTiming();
     }
     count_items(state, nodes);
 }
@@ -220,23 +207,22 @@ void page_turn(benchmark::State &state) {
     std::mt19937 random(1);
     append_tree(text, 1000, random);
     text += " )";
-    forget_corpus();
-    read_forest(text, "");
-    const TreeView view;
+    Corpus corpus;
+    read_trees(corpus, text);
     const LayoutParams params;
     CachedMeasure measure([](std::string_view label) { return static_cast<int>(label.size()) * 8; });
-    for (auto _ : state) tree_layout(view, params, measure, forest.front());
+    for (auto _ : state) benchmark::DoNotOptimize(lay_out(corpus.tree(0).root, params, measure, false).width);
     count_items(state, 1);
-    forget_layout_owner(&view);
 }
 BENCHMARK(page_turn)->Unit(benchmark::kMicrosecond);
 
 void read(benchmark::State &state) {
     for (auto _ : state) {
-        state.PauseTiming();
-        forget_corpus();
+        Corpus corpus;
+        read_trees(corpus, corpus_text);
+        state.PauseTiming();  // what it takes to free the corpus does not count
+        benchmark::DoNotOptimize(corpus.amount());
         state.ResumeTiming();
-        read_forest(corpus_text, "");
     }
     count_items(state, nr_of_nodes());
 }
@@ -286,6 +272,5 @@ int main(int argc, char **argv) {
     } catch (const FormatError &error) {
         return std::fprintf(stderr, "%s\n", error.message.c_str()), 1;
     }
-    forget_corpus();
     return 0;
 }

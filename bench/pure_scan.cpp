@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "model/input_file.hpp"
+#include "base/input_file.hpp"
 
 namespace {
 

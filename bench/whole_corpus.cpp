@@ -14,13 +14,12 @@
 #include <string>
 #include <vector>
 
-#include "corpus/readtrees.hpp"
+#include "base/input_file.hpp"
+#include "corpus/reader.hpp"
 #include "corpus/saving.hpp"
-#include "model/input_file.hpp"
+#include "edit/change.hpp"
 #include "model/pattern.hpp"
 #include "model/traversal.hpp"
-#include "stats/changes.hpp"
-#include "stats/tables.hpp"
 
 namespace {
 
@@ -57,67 +56,62 @@ double anonymous_bytes() {
     return static_cast<double>(kilobytes) * 1024;
 }
 
-std::vector<Node *> all_nodes() {
+std::vector<Node *> all_nodes(const Corpus &corpus) {
     std::vector<Node *> nodes;
-    for (const TreeEntry &tree : forest)
+    for (const Tree &tree : corpus.trees)
         for_each_in_subtree(tree.root, [&](Node *node) { nodes.push_back(node); });
     return nodes;
 }
 
 // Gives n random nodes a tag: three in four one that another random node has, else a new one.
-double seconds_of_label_changes(const std::vector<Node *> &nodes, int n) {
-    struct Change {
-        Node *node;
-        std::string tag;
-        bool checked;
-    };
+double seconds_of_label_changes(Corpus &corpus, const std::vector<Node *> &nodes, int n) {
     std::mt19937_64 random(1);
     const auto any_node = [&] { return nodes[random() % nodes.size()]; };
-    std::vector<Change> changes;
+    std::vector<std::pair<Node *, std::string>> changes;
     for (int i = 0; i < n; ++i) {
         Node *node = any_node();
-        const Label *tag = any_node()->sem;
-        changes.push_back({node, tag && i % 4 ? std::string(tag->view()) : "new" + std::to_string(i % 1000),
-                           tree_of(node)->checked});
+        const Label *tag = any_node()->sem();
+        changes.emplace_back(node,
+                             tag && i % 4 ? std::string(tag->view()) : "new" + std::to_string(i % 1000));
     }
     const Stopwatch watch;
-    for (const Change &change : changes) {
-        const TreeCheckedScope scope(change.checked);
-        new_label(change.node, change.tag, nullptr);
-    }
+    for (const auto &[node, tag] : changes) set_tag(corpus, node, tag);
     return watch.seconds();
 }
 
-double seconds_of_checks(int n) {
+double seconds_of_checks(Corpus &corpus, int n) {
     std::mt19937_64 random(2);
     std::vector<int> trees;
-    for (int i = 0; i < n; ++i) trees.push_back(static_cast<int>(random() % forest.size()));
+    for (int i = 0; i < n; ++i) trees.push_back(static_cast<int>(random() % corpus.trees.size()));
     const Stopwatch watch;
-    for (const int t : trees) set_checked(t, !forest[static_cast<std::size_t>(t)].checked);
+    for (const int t : trees) set_checked(corpus, t, !corpus.tree(t).checked);
     return watch.seconds();
 }
 
-double seconds_of_search() {
-    const Pattern pattern = Pattern::substring("NP", "a", std::nullopt);
+// Of all matches of a pattern.
+double seconds_of_search(const Corpus &corpus, const Pattern &pattern) {
     const Stopwatch watch;
     long found = 0;
-    for (const TreeEntry &tree : forest)
-        for (const Node *n = is_in_tree(pattern, tree.root, nullptr); n;
-             n = is_in_tree(pattern, tree.root, n))
-            ++found;
+    Matches matches(corpus, pattern);
+    if (matches.any())
+        for (const Tree &tree : corpus.trees)
+            for (const Node *n = matches.next(tree.root, nullptr); n; n = matches.next(tree.root, n)) ++found;
     const double seconds = watch.seconds();
     print("search_matches", static_cast<double>(found));
     return seconds;
 }
 
 // What changes and searches take. Writing is timed in a process of its own: it would meet the changed labels.
-void change_all(const std::vector<Node *> &nodes) {
+void change_all(Corpus &corpus, const std::vector<Node *> &nodes) {
     constexpr int nr_of_changes = 1000000;
-    print("new_label_seconds", seconds_of_label_changes(nodes, nr_of_changes) / nr_of_changes);
-    const int nr_of_checks = std::min(amount, 20000);
-    const double checks = seconds_of_checks(nr_of_checks);
-    print("check_seconds_per_node", checks * amount / nr_of_checks / static_cast<double>(nodes.size()));
-    print("search_seconds", seconds_of_search());
+    print("set_tag_seconds", seconds_of_label_changes(corpus, nodes, nr_of_changes) / nr_of_changes);
+    const int nr_of_checks = std::min(corpus.amount(), 20000);
+    const double checks = seconds_of_checks(corpus, nr_of_checks);
+    print("check_seconds_per_node",
+          checks * corpus.amount() / nr_of_checks / static_cast<double>(nodes.size()));
+    print("search_seconds", seconds_of_search(corpus, Pattern::substring("NP", "a", std::nullopt)));
+    print("vain_search_seconds", seconds_of_search(corpus, Pattern::substring("a text that no label has",
+                                                                              std::nullopt, std::nullopt)));
 }
 
 // The best of some runs, on the processor and on the clock.
@@ -173,18 +167,18 @@ bool copy_file(const std::string &from, const std::string &name) {
 // Writes the corpus to the file in one format after another, and copies the saved file, in turns: how fast
 // the system takes bytes depends on what it has done before. No file is there before: replacing one would
 // take time for giving its memory back. Side files land in the current directory.
-bool write_all(const std::string &name) {
+bool write_all(Corpus &corpus, const std::string &name) {
     const std::string copy = name + ".copy";
     unlink(name.c_str());
     Best save("save"), copying("copy"), dop("dop"), dop2("dop2");
     for (int i = 0; i < 4; ++i) {
-        if (!save.run([&] { return is_saved(write_corpus(name)); })) return false;
+        if (!save.run([&] { return is_saved(write_corpus(corpus, name)); })) return false;
         if (!copying.run([&] { return copy_file(name, copy); })) return false;
         unlink(copy.c_str());
         unlink(name.c_str());
-        if (!dop.run([&] { return is_saved(save_as(name, CorpusFormat::dop)); })) return false;
+        if (!dop.run([&] { return is_saved(save_as(corpus, name, CorpusFormat::dop)); })) return false;
         unlink(name.c_str());
-        if (!dop2.run([&] { return is_saved(save_as(name, CorpusFormat::dop2)); })) return false;
+        if (!dop2.run([&] { return is_saved(save_as(corpus, name, CorpusFormat::dop2)); })) return false;
         unlink(name.c_str());
     }
     return true;
@@ -196,18 +190,19 @@ int main(int argc, char **argv) {
     if (argc != 2 && argc != 3) return std::fputs("usage: bench-corpus FILE [SAVE-TO]\n", stderr), 2;
     const double before = anonymous_bytes();
     const Stopwatch reading;
-    readcorpus(argv[1]);
+    Corpus corpus;
+    read_corpus(corpus, argv[1]);
     print("read_seconds", reading.seconds());
     const double bytes = anonymous_bytes() - before;
-    const std::vector<Node *> nodes = all_nodes();
+    const std::vector<Node *> nodes = all_nodes(corpus);
     const auto nr_of_nodes = static_cast<double>(nodes.size());
     print("nodes", nr_of_nodes);
     print("bytes_per_node", bytes / nr_of_nodes);
     if (nodes.empty()) return 0;
     if (argc == 3) {
-        if (!write_all(argv[2])) return 1;
+        if (!write_all(corpus, argv[2])) return 1;
     } else {
-        change_all(nodes);
+        change_all(corpus, nodes);
     }
     std::fflush(stdout);
     _Exit(0);  // the system frees a million trees faster than we do

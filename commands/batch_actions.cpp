@@ -1,14 +1,14 @@
 // The actions of the batch box that work in one go.
 #include <fmt/format.h>
 
+#include "base/output_file.hpp"
 #include "commands/batch_box.hpp"
+#include "commands/formulas.hpp"
 #include "commands/subjects.hpp"
 #include "corpus/saving.hpp"
 #include "gui/command_windows.hpp"
 #include "gui/dialogs.hpp"
-#include "model/output_file.hpp"
-#include "prolog/checking.hpp"
-#include "prolog/subtrees.hpp"
+#include "gui/the_corpus.hpp"
 #include "propose/report.hpp"
 #include "propose/selection_writer.hpp"
 
@@ -17,8 +17,9 @@ namespace brindle {
 namespace {
 
 void expand_trees(TreeWindow &tw, tk::Button &) {
-    run_in_one_go(tw, "Expanding away...", [](const BatchRun &run) {
-        return brindle::expand_all(run, [](Node *root, TreeView *view) { expand_into_tags(root, view); });
+    run_in_one_go(tw, "Expanding away...", [&tw](Run &run) {
+        return brindle::expand_all(
+            run, [&tw](const ExpansionError &error) { show_error(error, tw); }, show_hidden_in(tw));
     });
 }
 
@@ -63,7 +64,7 @@ void propose_results_to_name(TreeWindow &tw, tk::TextField &field) {
     dismiss(*tw.results_requestor);
     const SelectionChoice choice = choice_of(tw);
     std::string report;
-    run_in_one_go(tw, "Proposing away, and evaluating results...", [&](const BatchRun &run) {
+    run_in_one_go(tw, "Proposing away, and evaluating results...", [&](Run &run) {
         int last = -1;
         report = propose_and_evaluate(run, choice, last);
         return last;
@@ -78,9 +79,9 @@ void save_selection_to_name(TreeWindow &tw, tk::TextField &field) {
     dismiss(*tw.file_requestor);
     const auto format = static_cast<CorpusFormat>(tw.format_choice->value());
     WriteFault fault;
-    run_in_one_go(tw, fmt::format("Writing selection to {}....", name), [&](const BatchRun &run) {
+    run_in_one_go(tw, fmt::format("Writing selection to {}....", name), [&](Run &run) {
         int last = -1;
-        const auto evaluate = [&tw](Node *root) { return evaluate_formula(root, &tw); };
+        const auto evaluate = [&](Node *root) { return evaluate_root(root, tw, [&run] { run.stop(); }); };
         fault = brindle::write_selection(run, name, format, evaluate, last);
         return last;
     });

@@ -2,12 +2,12 @@
 
 #include <fmt/format.h>
 
-#include "commands/node_runs.hpp"
+#include "commands/prolog_window.hpp"
 #include "commands/subjects.hpp"
+#include "gui/current_run.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/events.hpp"
-#include "model/forest.hpp"
-#include "model/request.hpp"
+#include "gui/the_corpus.hpp"
 #include "toolkit/display.hpp"
 #include "toolkit/notifier.hpp"
 
@@ -31,7 +31,7 @@ void set_nr_of_appropriate_trees(int number, TreeWindow &tw) {
 }
 
 void recount(TreeWindow &tw) {
-    set_nr_of_appropriate_trees(nr_of_appropriate_trees(choice_of(tw)), tw);
+    set_nr_of_appropriate_trees(nr_of_appropriate_trees(the_corpus(), choice_of(tw)), tw);
 }
 
 void set_actions_inactive(TreeWindow &tw, bool inactive) {
@@ -50,8 +50,8 @@ void selection_type(TreeWindow &tw, tk::Item &, int value) {
 // The range's end cannot come before its start; a slider needs two values, so the last tree leaves it one
 // more.
 void from_slide(TreeWindow &tw, tk::Item &, int value) {
-    tw.to_slider->set_min(value == amount ? amount - 1 : value);
-    if (value == amount) tw.to_slider->set_value(amount);
+    tw.to_slider->set_min(value == the_corpus().amount() ? the_corpus().amount() - 1 : value);
+    if (value == the_corpus().amount()) tw.to_slider->set_value(the_corpus().amount());
     recount(tw);
 }
 
@@ -87,19 +87,17 @@ SelectionChoice choice_of(const TreeWindow &tw) {
 }
 
 void batch_init(TreeWindow &tw) {
-    begin_batch();
-    BATCH_TREE_GUI = &tw;
+    the_prolog().drop_claim();
     all_frames_busy(*tw.main_frame, true);
     tw.batch_box->set_busy(false);
     set_actions_inactive(tw, true);
     tw.canvas->clear(tw.gc.background);
-    tw.batch_selection = select_trees(choice_of(tw));
+    tw.batch_selection = select_trees(the_corpus(), choice_of(tw));
 }
 
 void stop_batch(TreeWindow &tw) {
-    abandon_node_run();
+    end_run();
     tw.batch_selection.clear();
-    end_batch();
     all_frames_busy(*tw.main_frame, false);
     set_actions_inactive(tw, false);
     if (takes_all_trees(tw)) deactivate_random_slide(tw, true);
@@ -121,21 +119,19 @@ void enter_tree(int tree, TreeWindow &tw) {
     if (tw.tree_slider) tw.tree_slider->set_value(tree + 1);
 }
 
-void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(const BatchRun &)> &action) {
+void run_in_one_go(TreeWindow &tw, std::string footer, const std::function<int(Run &)> &action) {
     batch_init(tw);
-    const int number = batch_number();
     if (!footer.empty()) show_foot(*tw.frame, footer);
     tk::flush_display();
     Progress progress(tw, std::move(footer));
-    BatchRun run;
-    run.view = &tw;
-    run.trees = tw.batch_selection;
-    run.take = [&](int tree) {
+    const auto take = [&](int tree) {
         enter_tree(tree, tw);
         progress.step();
     };
+    Run run(the_corpus(), tw.batch_selection, {.dispatch = dispatch_in_run, .take = take});
+    const int number = begin_run(tw, [&run] { run.stop(); });
     const int last = action(run);
-    if (!open_window(&tw) || batch_number() != number) return;
+    if (!run_goes_on(number)) return;
     if (last >= 0) enter_tree(last, tw);
     stop_batch(tw);
 }

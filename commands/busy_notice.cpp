@@ -1,7 +1,7 @@
 #include "commands/busy_notice.hpp"
 
+#include "commands/prolog_window.hpp"
 #include "gui/dialogs.hpp"
-#include "prolog/pipe.hpp"
 
 namespace brindle {
 
@@ -12,7 +12,7 @@ void busy_notice(const Node *node, std::string_view text, TreeWindow &tw) {
     spec.buttons = {{"I Know", known}, {"Please try to fix that", fix}};
     spec.escape_value = known;
     spec.silent = true;
-    if (notice_at_node(node, spec, tw) == fix && !prolog_is_idle()) write_line("true.\n");
+    if (notice_at_node(node, spec, tw) == fix && the_prolog().is_busy()) the_prolog().write_line("true.\n");
 }
 
 }  // namespace brindle

@@ -4,7 +4,7 @@
 
 namespace brindle {
 
-struct Node;
+class Node;
 struct TreeWindow;
 
 // Shows the text at the node, which must be in the window's tree, with the buttons "I Know" and "Please try

@@ -1,8 +1,8 @@
 // Marking trees as checked.
 #include "commands/subjects.hpp"
+#include "edit/change.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
-#include "stats/changes.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -10,8 +10,7 @@ namespace {
 
 void checked(TreeWindow &tw, tk::Item &, int value) {
     if (!current_tree(tw)) return;
-    set_checked(tw.tree_number, value != 0);
-    tree_GUI_repaint(tw);
+    set_checked(the_corpus(), tw.tree_number, value != 0);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
+#include "gui/the_corpus.hpp"
 #include "toolkit/display.hpp"
 
 namespace brindle {
@@ -24,8 +25,9 @@ bool more_info(std::string_view text, TreeWindow &tw, const tk::Event &event) {
 }
 
 void displayinf(TreeWindow &tw, Node &node, const tk::Event &event) {
-    const auto last_page = information(&node, static_cast<InfoMode>(tw.info_mode), event.control,
-                                       [&](std::string_view page) { return more_info(page, tw, event); });
+    const auto last_page =
+        information(the_corpus(), &node, static_cast<InfoMode>(tw.info_mode), event.control,
+                    [&](std::string_view page) { return more_info(page, tw, event); });
     if (last_page) prompt_at_node(&node, *last_page, tw, true);
 }
 

@@ -1,11 +1,11 @@
 // "Export to LaTeX".
 #include <fmt/format.h>
 
+#include "base/output_file.hpp"
 #include "commands/overwrite.hpp"
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
-#include "model/output_file.hpp"
+#include "gui/the_corpus.hpp"
 #include "prolog/latex.hpp"
 
 namespace brindle {
@@ -27,11 +27,6 @@ void tell_unwritten(const std::string &name, const std::string &reason, TreeWind
     tk::notice_prompt(spec);
 }
 
-// The window may have turned to another tree since the menu was opened.
-int tree_number_of(const Node &node) {
-    return static_cast<int>(tree_of(&node) - forest.data());
-}
-
 void make_latexfile(TreeWindow &tw, tk::TextField &field) {
     tw.latexfile_requestor->hide();
     const std::string name = field.value();
@@ -39,7 +34,7 @@ void make_latexfile(TreeWindow &tw, tk::TextField &field) {
     if (!node || name.empty() || !may_write(name, *tw.latexfile_requestor, tw)) return;
     OutputFile file(name);
     const bool written =
-        file.ok() && file.write(latex_document(node, tree_number_of(*node), CORPUS, tw.show_punctuation)) &&
+        file.ok() && file.write(latex_document(node, node->tree(), the_corpus().name, tw.show_punctuation)) &&
         file.commit();
     if (written)
         show_foot(*tw.frame, fmt::format("{} created", name));

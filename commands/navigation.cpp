@@ -3,7 +3,7 @@
 
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -11,7 +11,7 @@ namespace {
 
 // Shows the tree or, beyond an end of the corpus, the last one at that end.
 void turn_to(int tree, TreeWindow &tw) {
-    if (amount > 0) show_nr(std::clamp(tree, 0, amount - 1), tw);
+    if (the_corpus().amount() > 0) show_nr(std::clamp(tree, 0, the_corpus().amount() - 1), tw);
 }
 
 void next(TreeWindow &tw, tk::Button &) {

@@ -1,15 +1,12 @@
 #include "commands/prolog_window.hpp"
 
-#include <memory>
 #include <utility>
 
-#include "commands/node_runs.hpp"
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
+#include "gui/the_corpus.hpp"
 #include "prolog/child_command.hpp"
 #include "prolog/host.hpp"
-#include "prolog/pipe.hpp"
 #include "toolkit/notifier.hpp"
 #include "toolkit/text_window.hpp"
 
@@ -26,7 +23,7 @@ void ok_notice(tk::NoticePlace place, std::string_view text) {
     tk::notice_prompt(spec);
 }
 
-// The main window and the toolkit's event loop, as the Prolog connection needs them.
+// The main window and the toolkit's event loop, as the Prolog session needs them.
 class WindowHost final : public PrologHost {
   public:
     explicit WindowHost(tk::Frame &main_frame)
@@ -45,22 +42,20 @@ class WindowHost final : public PrologHost {
     void set_query_label(std::string_view label) override { query_.set_label(label); }
     void set_query_active(bool active) override { query_.set_inactive(!active); }
     void set_query_value(std::string_view value) override { query_.set_value(value); }
-    void show_query_foot(std::string_view text) override { show_foot(main_frame_, text); }
     void insert_output(std::string_view bytes) override { output_.append(bytes); }
+    void show_foot(TreeView *view, std::string_view text) override {
+        const TreeWindow *tw = open_window(view);
+        if (!view || tw) brindle::show_foot(tw ? *tw->frame : main_frame_, text);
+    }
     void notice(std::string_view text) override { ok_notice(tk::place_on(output_), text); }
     void notice_at_query(std::string_view text) override {
         const tk::Box box = query_.box();
         ok_notice(tk::place_at(query_.panel(), {box.x + 10, box.y + 10}), text);
     }
-
-    void go_on_filtering() override { go_on_with_node_run(); }
-    void go_on_evaluating() override { go_on_with_node_run(); }
-    void stop_batch(TreeView *view) override {
-        TreeWindow *tw = open_window(view);
-        if (tw) commands.stop_batch(*tw);
-    }
-    void batch_prompt_at_node(Node *node, std::string_view text, TreeView *view) override {
-        brindle::batch_prompt_at_node(node, text, view);
+    void prompt_at_node(Node *node, std::string_view text, TreeView *view) override {
+        if (TreeWindow *tw = open_window(view)) return brindle::prompt_at_node(node, text, *tw, false);
+        tk::Notice notice(main_frame_);
+        prompt(notice, text, false);
     }
 
   private:
@@ -69,17 +64,29 @@ class WindowHost final : public PrologHost {
     tk::TextWindow &output_;
 };
 
-std::unique_ptr<WindowHost> host;  // outlives the event loop, in which the child may end
+MainProlog *main_prolog = nullptr;  // set while it exists
 
 }  // namespace
 
-bool start_prolog_in(tk::Frame &main_frame) {
-    host = std::make_unique<WindowHost>(main_frame);
-    return start_prolog(*host, default_child(CORPUS));
+MainProlog::MainProlog(tk::Frame &main_frame)
+    : host_(std::make_unique<WindowHost>(main_frame)), session_(*host_, the_corpus()) {
+    main_prolog = this;
+}
+
+MainProlog::~MainProlog() {
+    main_prolog = nullptr;
+}
+
+bool MainProlog::start() {
+    return session_.start(default_child(the_corpus().name));
+}
+
+PrologSession &the_prolog() {
+    return main_prolog->session_;
 }
 
 void install_prolog_window(Commands &table) {
-    table.commando = [](tk::TextField &query) { commando(query.value()); };
+    table.commando = [](tk::TextField &query) { the_prolog().type_query(query.value()); };
 }
 
 }  // namespace brindle

@@ -1,9 +1,8 @@
 // "Propose".
-#include "propose/propose.hpp"
-
 #include "commands/subjects.hpp"
 #include "gui/dialogs.hpp"
-#include "propose/batch.hpp"
+#include "gui/the_corpus.hpp"
+#include "propose/run.hpp"
 #include "toolkit/display.hpp"
 
 namespace brindle {
@@ -14,7 +13,7 @@ void propose(TreeWindow &tw, tk::Button &) {
     if (!current_tree(tw)) return;
     tw.frame->set_busy(true);
     tk::flush_display();
-    propose_tree(tw.tree_number);
+    const bool prob_break = propose_tree(the_corpus(), tw.tree_number);
     tree_GUI_repaint(tw);
     tw.frame->set_busy(false);
     if (prob_break)

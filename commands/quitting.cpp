@@ -1,9 +1,9 @@
 // Closing a tree window, and the workbench.
+#include "commands/prolog_window.hpp"
 #include "commands/subjects.hpp"
+#include "gui/current_run.hpp"
+#include "gui/the_corpus.hpp"
 #include "gui/tree_window.hpp"
-#include "model/forest.hpp"
-#include "model/request.hpp"
-#include "prolog/pipe.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
@@ -13,7 +13,8 @@ namespace {
 enum Answer { NO = 1, YES = 2 };
 
 void quit(TreeWindow &tw, tk::Button &) {
-    if (BATCH && BATCH_TREE_GUI == &tw) commands.stop_batch(tw);
+    if (running_window() == &tw) commands.stop_batch(tw);
+    the_prolog().drop_claim_of(&tw);
     close_tree_window(tw);
 }
 
@@ -28,8 +29,8 @@ bool really_quit(tk::Panel &panel) {
 }
 
 void qt(tk::Button &button) {
-    if (MODIFIED != 0 && !really_quit(button.panel())) return;
-    quit_prolog();
+    if (the_corpus().unsaved_changes != 0 && !really_quit(button.panel())) return;
+    the_prolog().quit();
     tk::notify_stop();
 }
 

@@ -1,22 +1,43 @@
 // "Save" and "Save as".
 #include "corpus/saving.hpp"
 
+#include "commands/formulas.hpp"
 #include "commands/overwrite.hpp"
 #include "commands/subjects.hpp"
+#include "gui/current_run.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/main_window.hpp"
-#include "prolog/checking.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
 namespace {
 
 void save(TreeWindow &tw, tk::Button &) {
-    const SaveResult result = brindle::save();
+    const SaveResult result = brindle::save(the_corpus());
     if (result.status == SaveStatus::saved)
         show_foot(*tw.frame, result.message);
     else
         prompt(*tw.notice, result.message, false);
+}
+
+// Writes the information format: a run over all trees, which Control-C ends.
+SaveResult save_information(const std::string &name, TreeWindow &tw) {
+    bool stopped = false;
+    const auto stop = [&stopped] { stopped = true; };
+    all_frames_busy(*tw.main_frame, true);
+    const int number = begin_run(tw, stop);
+    const SaveResult result = brindle::save_as(
+        the_corpus(), name, CorpusFormat::info, [&](Node *root) { return evaluate_root(root, tw, stop); },
+        [&] {
+            dispatch_in_run();
+            return !stopped;
+        });
+    if (run_goes_on(number)) {
+        end_run();
+        all_frames_busy(*tw.main_frame, false);
+    }
+    return result;
 }
 
 void save_to_name(TreeWindow &tw, tk::TextField &field) {
@@ -24,8 +45,9 @@ void save_to_name(TreeWindow &tw, tk::TextField &field) {
     const std::string name = field.value();
     if (name.empty() || !may_write(name, *tw.file_requestor, tw)) return;
     const auto format = static_cast<CorpusFormat>(tw.format_choice->value());
-    const SaveResult result =
-        brindle::save_as(name, format, &tw, [&tw](Node *root) { return evaluate_formula(root, &tw); });
+    const SaveResult result = format == CorpusFormat::info ? save_information(name, tw)
+                                                           : brindle::save_as(the_corpus(), name, format);
+    if (!open_window(&tw)) return;
     if (result.status != SaveStatus::saved) {
         prompt_at_panel(*tw.panel, result.message, false);
         return;

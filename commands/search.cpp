@@ -2,9 +2,10 @@
 #include "display/search.hpp"
 
 #include "commands/subjects.hpp"
-#include "display/layout.hpp"
+#include "gui/current_run.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
+#include "gui/drawing.hpp"
+#include "gui/the_corpus.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
@@ -19,7 +20,7 @@ void uncover(const Node *node, TreeWindow &tw) {
     constexpr int margin = 120;  // half a label, and air
     const tk::Frame &box = *tw.search_box;
     if (!box.shown()) return;
-    const tk::Point match = tw.canvas->to_screen({node->x, get_node_y(node, tw)});
+    const tk::Point match = tw.canvas->to_screen(place_of(node, tw));
     const tk::Point at = box.position();
     const tk::Size size = box.size();
     if (match.x < at.x - margin / 2 || match.x > at.x + size.w + margin / 2) return;
@@ -84,14 +85,15 @@ class SearchCommand {
   private:
     void work() {
         if (action_ != SearchAction::search && refused(cannot_replace(request_, choice_, with_))) return;
-        Addresses addresses = init_adresses(
-            request_, [this](const std::string &question) { return term_or_nonterm(question, tw_); });
+        Addresses addresses = init_adresses(the_corpus(), request_, [this](const std::string &question) {
+            return term_or_nonterm(question, tw_);
+        });
         for (const SearchMessage &message : addresses.messages)
             prompt(*tw_.notice, message.text, message.silent);
         if (!addresses.pattern) return;
         const int shown_before = tw_.tree_number;
-        ForestSearch search(std::move(*addresses.pattern), tw_.start_here->value() ? shown_before : 0,
-                            [this] { return may_go_on(); });
+        CorpusSearch search(the_corpus(), std::move(*addresses.pattern),
+                            tw_.start_here->value() ? shown_before : 0, [this] { return may_go_on(); });
         while (const auto match = next(search)) {
             const int answer = at_match(*match);
             if (!open_window(&tw_)) return;
@@ -110,7 +112,7 @@ class SearchCommand {
     bool works_silently() const { return action_ == SearchAction::replace_all && !prompts_; }
 
     // The next match. On a long way to it all frames are busy, and Control-C ends the search.
-    std::optional<ForestSearch::Match> next(ForestSearch &search) {
+    std::optional<CorpusSearch::Match> next(CorpusSearch &search) {
         if (works_silently() && !may_go_on()) return std::nullopt;
         auto match = search.next();
         if (!works_silently()) be_idle();
@@ -120,7 +122,7 @@ class SearchCommand {
     bool may_go_on() {
         if (!busy_) all_frames_busy(*tw_.main_frame, busy_ = true);
         auto before = tk::set_on_interrupt([this] { stopped_ = true; });
-        frontend->notify_dispatch();
+        dispatch_in_run();
         tk::set_on_interrupt(std::move(before));
         return !stopped_;
     }
@@ -130,11 +132,12 @@ class SearchCommand {
     }
 
     // Shows the match and does what the button asks for. Returns the answer that decides how to go on.
-    int at_match(const ForestSearch::Match &match) {
+    int at_match(const CorpusSearch::Match &match) {
         const bool silently = works_silently();
         if (!silently) {
             show_nr(match.tree, tw_);
-            make_visible(match.node->x, get_node_y(match.node, tw_), tw_);
+            const tk::Point at = place_of(match.node, tw_);
+            make_visible(at.x, at.y, tw_);
             uncover(match.node, tw_);
         }
         if (action_ == SearchAction::search) return search_prompt(match.node, tw_);
@@ -145,9 +148,8 @@ class SearchCommand {
         return answer;
     }
 
-    bool replace(const ForestSearch::Match &match, bool silently) {
-        const TreeEntry &tree = forest[static_cast<std::size_t>(match.tree)];
-        const auto reason = replace_at(tree, match.node, request_, choice_, with_, silently ? nullptr : &tw_);
+    bool replace(const CorpusSearch::Match &match, bool silently) {
+        const auto reason = replace_at(the_corpus(), match.node, request_, choice_, with_);
         if (silently) last_replaced_ = match.tree;
         if (reason) be_idle();
         return !refused(reason);

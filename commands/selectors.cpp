@@ -2,11 +2,11 @@
 #include <tsl/robin_set.h>
 
 #include "commands/subjects.hpp"
+#include "edit/change.hpp"
 #include "gui/command_windows.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
-#include "stats/changes.hpp"
-#include "stats/tables.hpp"
+#include "gui/the_corpus.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 
@@ -16,15 +16,17 @@ constexpr int lexical = 3;         // the kind of the word's selector, and info_
 constexpr int category_again = 4;  // info_mode when a word has nothing to offer
 constexpr std::string_view unlabeled = "(unlabeled)";
 
-std::string row_of(const LabelEntry *tag) {
-    return std::string(tag->name ? tag->name->view() : unlabeled);
+std::string row_of(const Label *tag) {
+    return std::string(tag ? tag->view() : unlabeled);
 }
 
 // The checked tags of the node's category, most frequent first. Returns their number.
 int add_entries(tk::List &list, const Node &node) {
     std::vector<std::string> rows;
-    for (const LabelLink *l = category_entry(&node)->links.first(); l; l = l->next)
-        if (l->checked_count > 0) rows.push_back(row_of(l->label));
+    Statistics &statistics = *the_corpus().statistics;
+    const RankedList &pairs = statistics.category_entry(node.unit())->pairs;
+    for (const Unit *u = statistics.first_of(pairs); u; u = statistics.next_of_owner(u))
+        if (u->checked_count > 0) rows.push_back(row_of(u->sem));
     list.set_rows(rows);
     return static_cast<int>(rows.size());
 }
@@ -32,9 +34,11 @@ int add_entries(tk::List &list, const Node &node) {
 // The checked tags of the node's word, each once, at its first place. Returns their number.
 int add_lex_entries(tk::List &list, const Node &node) {
     std::vector<std::string> rows;
-    tsl::robin_set<const LabelEntry *> seen;
-    for (const LexLink *l = word_entry(&node)->links.first(); l; l = l->next)
-        if (l->checked_count > 0 && seen.insert(l->sem).second) rows.push_back(row_of(l->sem));
+    tsl::robin_set<const Label *> seen;
+    Statistics &statistics = *the_corpus().statistics;
+    const RankedList &units = statistics.word_entry(node.unit())->units;
+    for (const Unit *u = statistics.first_of(units); u; u = statistics.next_of_owner(u))
+        if (u->checked_count > 0 && seen.insert(u->sem).second) rows.push_back(row_of(u->sem));
     list.set_rows(rows);
     return static_cast<int>(rows.size());
 }
@@ -53,10 +57,10 @@ void show_selector(tk::CommandFrame &selector, tk::List &list, const Label *titl
 }
 
 void tag_select(TreeWindow &tw, Node &node) {
-    if (tw.info_mode == lexical && node.lex) {
+    if (tw.info_mode == lexical && node.lex()) {
         set_list_for(*tw.lex_list, node, tw);
         if (add_lex_entries(*tw.lex_list, node) > 0) {
-            show_selector(*tw.lex_selector, *tw.lex_list, node.lex, tw);
+            show_selector(*tw.lex_selector, *tw.lex_list, node.lex(), tw);
             return;
         }
         tw.info_mode = category_again;
@@ -64,7 +68,7 @@ void tag_select(TreeWindow &tw, Node &node) {
     set_list_for(*tw.cat_list, node, tw);
     tw.cat_selector->hide();
     if (add_entries(*tw.cat_list, node) > 0)
-        show_selector(*tw.cat_selector, *tw.cat_list, node.syn, tw);
+        show_selector(*tw.cat_selector, *tw.cat_list, node.syn(), tw);
     else
         prompt_at_node(&node, "This category has no annotations to select", tw, false);
 }
@@ -81,8 +85,7 @@ void select_tag(TreeWindow &tw, tk::Item &item) {
     const std::string row = list.selected() >= 0 ? list.row(list.selected()) : std::string();
     if (!node) return;
     if (tw.tree_number != tree) show_nr(tree, tw);
-    const TreeCheckedScope scope(forest[static_cast<std::size_t>(tree)]);
-    new_label(node, row == unlabeled ? std::string_view() : std::string_view(row), &tw);
+    set_tag(the_corpus(), node, row == unlabeled ? std::string_view() : std::string_view(row));
 }
 
 void where(TreeWindow &tw, tk::Item &item) {
@@ -90,8 +93,8 @@ void where(TreeWindow &tw, tk::Item &item) {
     const Node *node = node_of(list);
     if (!node || list.size() == 0) return;
     const bool word = &list == tw.lex_list;
-    tw.search_lex->set_value(word ? text_of(node->lex) : std::string_view());
-    tw.search_syn->set_value(word ? std::string_view() : node->syn->view());
+    tw.search_lex->set_value(word ? text_of(node->lex()) : std::string_view());
+    tw.search_syn->set_value(word ? std::string_view() : node->syn()->view());
     tw.search_sem->set_value(list.row(std::max(list.selected(), 0)));
     position_frame_from_button(*tw.search_box, item, tw);
 }

@@ -2,15 +2,13 @@
 #include <cctype>
 #include <cstdlib>
 
+#include "commands/prolog_window.hpp"
 #include "commands/subjects.hpp"
-#include "editor/replacement.hpp"
-#include "editor/subtree_text.hpp"
+#include "corpus/writetrees.hpp"
+#include "edit/change.hpp"
 #include "gui/command_windows.hpp"
 #include "gui/dialogs.hpp"
-#include "model/forest.hpp"
-#include "model/label_rules.hpp"
-#include "model/request.hpp"
-#include "stats/changes.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -28,8 +26,8 @@ constexpr const char *help =
 constexpr const char *our_keys =
     "\n-\ncopy, cut, paste = C-c, C-x, C-v\nselect all = C-a\nundo = C-z\nredo = S-C-z";
 
-TreeEntry &entry(int tree) {
-    return forest[static_cast<std::size_t>(tree)];
+Tree &entry(int tree) {
+    return the_corpus().tree(tree);
 }
 
 int edited_tree(const TreeWindow &tw) {
@@ -57,7 +55,7 @@ std::vector<ActiveFrame> frames_on_nodes(const TreeWindow &tw) {
 }
 
 bool editor_in_scope(const Node *top, const ActiveFrame &active, TreeWindow &tw) {
-    if (!active.frame->shown() || !is_in_scope(top, active.node)) return false;
+    if (!active.frame->shown() || !is_below(top, active.node)) return false;
     prompt_at_node(active.node, "A window is active on this node;\nClose it first.", tw, false);
     active.frame->show();
     return true;
@@ -65,13 +63,13 @@ bool editor_in_scope(const Node *top, const ActiveFrame &active, TreeWindow &tw)
 
 // A copy to a node that may go is over.
 void end_copy_into(const Node *top) {
-    if (!COPY_TO || !is_in_scope(top, COPY_TO->node)) return;
+    if (!COPY_TO || !is_below(top, COPY_TO->node)) return;
     show_foot(*COPY_TO->window->frame, "");
     COPY_TO.reset();
 }
 
 bool all_precautions_taken(Node *node, TreeWindow &tw) {
-    if (is_in_scope(node, FILTER_NODE)) FILTER_NODE = nullptr;
+    the_prolog().drop_claim_below(node);
     for (const auto &window : tree_windows())
         for (const ActiveFrame &active : frames_on_nodes(*window))
             if (editor_in_scope(node, active, tw)) return false;
@@ -87,14 +85,14 @@ void open_syntactic_tag_editor(Node &node, TreeWindow &tw) {
     frame.hide();
     auto &field = static_cast<tk::TextField &>(*frame.panel().first_item());
     set_node(field, &node);
-    field.set_value(node.syn->view());
-    frame.set_title(node.syn->view());
+    field.set_value(node.syn()->view());
+    frame.set_title(node.syn()->view());
     position_frame_from_menu(frame, *tw.subtrees_menu, tw);
 }
 
 void edit_syntax(TreeWindow &tw, Node &node) {
-    const bool is_tree_of_one = !node.dtrs && !node.mother;
-    if (!is_tree_of_one && !(node.dtrs && node.dtrs->selected)) {
+    const bool is_tree_of_one = !node.dtrs() && !node.mother();
+    if (!is_tree_of_one && !(node.dtrs() && node.dtrs()->selected())) {
         open_syntactic_tag_editor(node, tw);
         return;
     }
@@ -126,16 +124,12 @@ void read_editor(TreeWindow &tw, tk::Button &button) {
     // Text that nobody has touched is as it was, whatever the widget made of its bytes.
     const std::string text =
         (tw.syntax_textsw->modified() ? tw.syntax_textsw->text() : tw.syntax_text) + "\n";
-    const std::string message = replace_subtree(tree, node_of(*tw.syntax_textsw), text);
-    if (!message.empty()) {
-        show_fault(message, tw);
+    if (const auto fault = replace_subtree(the_corpus(), node_of(*tw.syntax_textsw), text)) {
+        show_fault(*fault, tw);
         return;
     }
     set_node(*tw.syntax_textsw, nullptr);
-    if (tree != tw.tree_number)
-        show_nr(tree, tw);
-    else
-        tree_GUI_repaint(tw);
+    if (tree != tw.tree_number) show_nr(tree, tw);
     cancel_editor(tw, button);
 }
 
@@ -148,13 +142,8 @@ void syn_tag(TreeWindow &tw, tk::TextField &field) {
     tw.syn_tag_editor->hide();
     const std::string text = field.value();
     Node *node = node_of(field);
-    if (!node || text.empty() || text == node->syn->view()) return;
-    if (const auto reason = refuse_category(text)) {
-        prompt_at_node(node, *reason, tw, false);
-        return;
-    }
-    const TreeCheckedScope scope(*tree_of(node));
-    change_cat(node, text, &tw);
+    if (!node || text.empty() || text == node->syn()->view()) return;
+    if (const auto reason = set_category(the_corpus(), node, text)) prompt_at_node(node, *reason, tw, false);
 }
 
 }  // namespace

@@ -4,20 +4,16 @@
 #include <array>
 #include <cerrno>
 #include <deque>
-#include <functional>
-#include <span>
 #include <vector>
 
 #include <fmt/format.h>
 #include <tsl/robin_map.h>
 #include <tsl/robin_set.h>
 
-#include "corpus/word_codes.hpp"
-#include "model/error.hpp"
-#include "model/output_file.hpp"
+#include "base/error.hpp"
+#include "base/output_file.hpp"
 #include "model/punctuation.hpp"
-#include "model/record_index.hpp"
-#include "stats/tables.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 namespace {
@@ -37,12 +33,17 @@ struct Production {
     }
 };
 
-// A tag at a production.
+// A tag's number at a production.
 struct TaggedProduction {
-    const Production *production = nullptr;
-    const Label *tag = nullptr;
+    const Production *production;
+    const Label *tag;
     bool operator==(const TaggedProduction &) const = default;
-    std::size_t hash() const { return mix_hash(production, tag); }
+};
+struct TaggedProductionHash {
+    std::size_t operator()(const TaggedProduction &key) const {
+        return mix_hash(reinterpret_cast<std::uintptr_t>(key.production),
+                        reinterpret_cast<std::uintptr_t>(key.tag));
+    }
 };
 
 void append_production(std::string &line, const Production &production) {
@@ -60,73 +61,43 @@ void append_production(std::string &line, const Production &production) {
     line += '\n';
 }
 
-// A node's production before it is looked up.
-struct PlannedProduction {
-    const Node *node;
-    std::size_t key_begin, key_size;  // in the plan's text
-    std::uint32_t hash;
-    Production *production;  // once it has been looked up
+// The code of a unit with a word: the number of its tag among those of the word and the category.
+struct WordCode {
+    int number = -1;    // -1: not known yet
+    bool used = false;  // some node has had it
 };
 
-// The productions that will be asked for, in their order.
-class Plan {
-  public:
-    void clear() {
-        keys_.clear();
-        planned_.clear();
-        next_ = 0;
-    }
-
-    // Plans the node's production; returns the hash of its key.
-    std::uint32_t add(const Node *node) {
-        const std::size_t begin = keys_.size();
-        keys_ += node->syn->view();
-        for (const Node *daughter = node->dtrs; daughter; daughter = daughter->sister)
-            (keys_ += '_') += daughter->syn->view();
-        const std::string_view key(keys_.data() + begin, keys_.size() - begin);
-        const auto h = static_cast<std::uint32_t>(std::hash<std::string_view>()(key) >> 32);
-        planned_.push_back({node, begin, key.size(), h, nullptr});
-        return h;
-    }
-
-    // The next one, if it is that node's.
-    const PlannedProduction *take(const Node *node) {
-        return next_ < planned_.size() && planned_[next_].node == node ? &planned_[next_++] : nullptr;
-    }
-
-    std::span<PlannedProduction> all() { return planned_; }
-    std::string_view key_of(const PlannedProduction &planned) const {
-        return {keys_.data() + planned.key_begin, planned.key_size};
-    }
-
-  private:
-    std::string keys_;
-    std::vector<PlannedProduction> planned_;
-    std::size_t next_ = 0;
-};
+// The node's category and those of its daughters.
+std::string key_of(const Node *node) {
+    std::string key(node->syn()->view());
+    for (const Node *daughter = node->dtrs(); daughter; daughter = daughter->sister())
+        (key += '_') += daughter->syn()->view();
+    return key;
+}
 
 }  // namespace
 
 struct EncodingRun::Tables {
+    explicit Tables(Corpus &c) : corpus(c) {}
+
+    Corpus &corpus;
     OutputFile encoding{".encoding"};
     std::unique_ptr<OutputFile> grammar;
 
-    tsl::robin_map<const Label *, std::string, HashOfAddress> tag_codes;
+    tsl::robin_map<const Label *, std::string> tag_codes;
 
-    std::deque<Production> productions;                            // in order of first use
-    RecordIndex<Production> codes_table;                           // by key
-    FetchedMap<TaggedProduction, int, HashOf> tagged_productions;  // the number of the tag
-    Plan plan;
+    std::deque<Production> productions;  // in order of first use
+    tsl::robin_map<std::string_view, Production *> production_of_key;
+    tsl::robin_map<TaggedProduction, int, TaggedProductionHash> tagged_productions;
 
-    WordCodes word_codes;
-    std::vector<const LexLink *> links;     // of the words of the tree in hand
+    std::vector<WordCode> word_codes;       // by the unit's number
     tsl::robin_set<std::string> word_keys;  // those that two words may come to
 
     TextBuffer lines{encoding};
 
-    Production &production_of(const PlannedProduction &planned);
     Production &production_of(const Node *node);
-    void look_up_plan();
+    WordCode &word_code_of(const Node *node);
+    void number_tags_of(const LexEntry *word);
     bool is_listed(const Node *node, std::string_view code);
 };
 
@@ -138,7 +109,7 @@ std::string letters(int index) {
     return text;
 }
 
-EncodingRun::EncodingRun() : tables_(std::make_unique<Tables>()) {
+EncodingRun::EncodingRun(Corpus &corpus) : tables_(std::make_unique<Tables>(corpus)) {
     if (tables_->encoding.ok()) return;
     errno = tables_->encoding.fault();
     system_error_exit(".encoding");
@@ -155,60 +126,25 @@ std::string EncodingRun::codeer_old(const Label *tag) {
     return code;
 }
 
-Production &EncodingRun::Tables::production_of(const PlannedProduction &planned) {
-    const std::string_view key = plan.key_of(planned);
-    Production *found = codes_table.find(planned.hash, [key](const Production *p) { return p->key == key; });
-    if (!found) {
-        found = &productions.emplace_back(Production{std::string(key), hash(key)});
-        codes_table.insert(found, planned.hash);
-    }
-    return *found;
-}
-
 Production &EncodingRun::Tables::production_of(const Node *node) {
-    if (const PlannedProduction *planned = plan.take(node)) return *planned->production;
-    plan.clear();
-    plan.add(node);
-    return production_of(*plan.take(node));
-}
-
-// Three rounds, each of which asks memory for what the next one will look at.
-void EncodingRun::Tables::look_up_plan() {
-    for (const PlannedProduction &planned : plan.all()) codes_table.prefetch_record(planned.hash);
-    for (PlannedProduction &planned : plan.all()) {
-        planned.production = &production_of(planned);
-        fetch_ahead(&planned.production->ranks);
-        tagged_productions.prefetch({planned.production, planned.node->sem});
-    }
-}
-
-void EncodingRun::begin_tree(const Node *root, bool by_rule) {
-    Plan &plan = tables_->plan;
-    plan.clear();
-    tables_->links.clear();
-    for (const Node *node = root; node; node = next_shown(node, root, false)) {
-        if (node->lexlink) {
-            fetch_ahead(node->lex);
-            if (!node->sem) continue;
-            tables_->word_codes.prefetch(node->lexlink);
-            tables_->links.push_back(node->lexlink);
-        } else if (by_rule && node->sem && node->dtrs) {
-            tables_->codes_table.prefetch_slot(plan.add(node));
-        }
-    }
-    tables_->look_up_plan();
-    tables_->word_codes.prefetch_words(tables_->links);
+    std::string key = key_of(node);
+    const auto found = production_of_key.find(key);
+    if (found != production_of_key.end()) return *found->second;
+    const std::uint32_t bucket = hash(key);
+    Production &production = productions.emplace_back(Production{std::move(key), bucket});
+    production_of_key.emplace(production.key, &production);
+    return production;
 }
 
 std::string EncodingRun::codeer(const Node *node, int tree) {
     Production &production = tables_->production_of(node);
     production.occurs_in(tree);
-    const auto [number, is_new] =
-        tables_->tagged_productions.insert({&production, node->sem}, production.nr_of_tags);
-    const std::string code = letters(*number);
+    const auto [number, is_new] = tables_->tagged_productions.emplace(
+        TaggedProduction{&production, node->sem()}, production.nr_of_tags);
+    const std::string code = letters(number->second);
     if (is_new) {
         ++production.nr_of_tags;
-        tables_->lines << production.key << '_' << code << '\t' << node->sem->view() << '\n';
+        tables_->lines << production.key << '_' << code << '\t' << node->sem()->view() << '\n';
     }
     return code;
 }
@@ -218,18 +154,34 @@ bool EncodingRun::Tables::is_listed(const Node *node, std::string_view code) {
     const auto has_line = [](const Label *label) {
         return label->view().find('_') != std::string_view::npos;
     };
-    if (!has_line(node->syn) && !has_line(node->lex)) return false;
-    return !word_keys.insert(fmt::format("{}_{}_{}", node->syn->view(), node->lex->view(), code)).second;
+    if (!has_line(node->syn()) && !has_line(node->lex())) return false;
+    return !word_keys.insert(fmt::format("{}_{}_{}", node->syn()->view(), node->lex()->view(), code)).second;
+}
+
+// The word's tags in each category, numbered as they stand in its list.
+void EncodingRun::Tables::number_tags_of(const LexEntry *word) {
+    Statistics &statistics = *corpus.statistics;
+    tsl::robin_map<const Label *, int> numbers;
+    for (const Unit *unit = statistics.first_of(word->units); unit; unit = statistics.next_of_owner(unit))
+        if (unit->sem) word_codes[statistics.number_of(unit)].number = numbers[unit->syn]++;
+}
+
+WordCode &EncodingRun::Tables::word_code_of(const Node *node) {
+    const std::uint32_t number = corpus.units.number_of(node->unit());
+    if (number >= word_codes.size()) word_codes.resize(corpus.units.end());
+    if (word_codes[number].number < 0) number_tags_of(corpus.statistics->word_entry(node->unit()));
+    if (word_codes[number].number < 0) fault_in_hashtable();
+    return word_codes[number];
 }
 
 std::string EncodingRun::codeerlex(const Node *node) {
-    WordCodes::Code &word_code = tables_->word_codes.code_of(node->lexlink, word_entry(node));
-    std::string code = letters(static_cast<int>(word_code.index));
+    WordCode &word_code = tables_->word_code_of(node);
+    std::string code = letters(word_code.number);
     if (!word_code.used) {
         word_code.used = true;
         if (!tables_->is_listed(node, code))
-            tables_->lines << node->syn->view() << '_' << node->lex->view() << '_' << code << '\t'
-                           << node->sem->view() << '\n';
+            tables_->lines << node->syn()->view() << '_' << node->lex()->view() << '_' << code << '\t'
+                           << node->sem()->view() << '\n';
     }
     return code;
 }

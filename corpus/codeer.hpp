@@ -8,7 +8,8 @@
 
 namespace brindle {
 
-struct Node;
+class Corpus;
+class Node;
 
 // A file that could not be written, and what the system says about it.
 struct WriteFault {
@@ -23,13 +24,10 @@ std::string letters(int index);
 // appear whole, with `commit`, or not at all.
 class EncodingRun {
   public:
-    // Creates ".encoding". If that fails the program ends with the system's text.
-    EncodingRun();
+    // Creates ".encoding". If that fails the program ends with the system's text. The statistics of the
+    // corpus must stay as they are meanwhile.
+    explicit EncodingRun(Corpus &corpus);
     ~EncodingRun();
-
-    // The tree's shown nodes are going to be coded, in document order; `by_rule`: those with daughters by
-    // codeer. May be left out: it asks memory in one go for what they will look at.
-    void begin_tree(const Node *root, bool by_rule);
 
     // The code of a tag: ay, by ... zy, aay ... in the order of first use.
     std::string codeer_old(const Label *tag);

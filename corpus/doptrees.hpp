@@ -1,7 +1,7 @@
 #pragma once
 // The DOP formats: every tree as one Prolog-style term tree(Label,[Daughters]), tags replaced by codes.
+#include "base/text_sink.hpp"
 #include "corpus/codeer.hpp"
-#include "model/text_sink.hpp"
 
 namespace brindle {
 

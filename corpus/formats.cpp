@@ -2,10 +2,9 @@
 
 #include <fmt/format.h>
 
+#include "base/output_file.hpp"
 #include "corpus/doptrees.hpp"
 #include "corpus/writetrees.hpp"
-#include "model/forest.hpp"
-#include "model/output_file.hpp"
 
 namespace brindle {
 
@@ -13,29 +12,31 @@ bool augments(std::string_view name) {
     return name.ends_with(".aug");
 }
 
-TreeWriter::TreeWriter(CorpusFormat format, bool augmented, TextSink &sink, EvaluateFormula evaluate)
-    : format_(format), augmented_(augmented), out_(sink), evaluate_(std::move(evaluate)) {
-    if (format == CorpusFormat::dop || format == CorpusFormat::dop2) codes_ = std::make_unique<EncodingRun>();
+TreeWriter::TreeWriter(Corpus &corpus, CorpusFormat format, bool augmented, TextSink &sink,
+                       EvaluateFormula evaluate)
+    : corpus_(corpus), format_(format), augmented_(augmented), out_(sink), evaluate_(std::move(evaluate)) {
+    if (format == CorpusFormat::dop || format == CorpusFormat::dop2)
+        codes_ = std::make_unique<EncodingRun>(corpus);
 }
 
 TreeWriter::~TreeWriter() = default;
 
 bool TreeWriter::write(int t, int item) {
-    const TreeEntry &tree = forest[static_cast<std::size_t>(t)];
+    Node *const root = corpus_.tree(t).root;
     switch (format_) {
         case CorpusFormat::atis:
             tree_number(t + 1, out_);
             out_ << fmt::format("item #{}\n\n", item);
-            write_tree_entry(tree, out_);
+            write_tree_entry(corpus_, t, out_);
             break;
         case CorpusFormat::dop:
         case CorpusFormat::dop2: {
             const DopMode mode = format_ == CorpusFormat::dop ? DopMode::by_tag : DopMode::by_rule;
-            write_dop_entry(tree.root, out_, mode, t + 1, *codes_, augmented_);
+            write_dop_entry(root, out_, mode, t + 1, *codes_, augmented_);
             break;
         }
         case CorpusFormat::info:
-            write_documented_tree(tree.root, out_, item, evaluate_);
+            write_documented_tree(root, out_, item, evaluate_);
             break;
     }
     return out_.ok();

@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
+#include "base/text_sink.hpp"
 #include "corpus/codeer.hpp"
 #include "corpus/information.hpp"
-#include "model/text_sink.hpp"
 
 namespace brindle {
 
@@ -23,7 +23,8 @@ class TreeWriter {
   public:
     // Starts the encoder for a DOP format (the program ends if it cannot be started). `evaluate` is used by
     // the information format only. The sink must outlive the writer.
-    TreeWriter(CorpusFormat format, bool augmented, TextSink &sink, EvaluateFormula evaluate = {});
+    TreeWriter(Corpus &corpus, CorpusFormat format, bool augmented, TextSink &sink,
+               EvaluateFormula evaluate = {});
     ~TreeWriter();
 
     // Writes tree t (0-based) as that item (from 1). False once the sink has failed.
@@ -36,6 +37,7 @@ class TreeWriter {
     WriteFault fault() const;
 
   private:
+    Corpus &corpus_;
     CorpusFormat format_;
     bool augmented_;
     TextBuffer out_;

@@ -3,9 +3,7 @@
 #include <fmt/format.h>
 
 #include "corpus/writetrees.hpp"
-#include "model/forest.hpp"
-#include "model/frontend.hpp"
-#include "model/request.hpp"
+#include "model/corpus.hpp"
 
 namespace brindle {
 namespace {
@@ -32,17 +30,11 @@ void write_documented_tree(Node *root, TextBuffer &out, int number, const Evalua
     out << ")\n";
 }
 
-bool write_documented_corpus(TextSink &sink, TreeView *view, const EvaluateFormula &evaluate) {
+bool write_documented_corpus(const Corpus &corpus, TextSink &sink, const EvaluateFormula &evaluate,
+                             const GoOn &go_on) {
     TextBuffer out(sink);
-    frontend->all_frames_busy(view, true);
-    BATCH = true;
-    for (int t = 0; t < amount && out.ok(); ++t) {
-        frontend->notify_dispatch();
-        if (!BATCH) break;
-        write_documented_tree(forest[static_cast<std::size_t>(t)].root, out, t + 1, evaluate);
-    }
-    BATCH = false;
-    frontend->all_frames_busy(view, false);
+    for (int t = 0; t < corpus.amount() && out.ok() && (!go_on || go_on()); ++t)
+        write_documented_tree(corpus.tree(t).root, out, t + 1, evaluate);
     return out.flush();
 }
 

@@ -3,12 +3,12 @@
 #include <functional>
 #include <string>
 
-#include "model/text_sink.hpp"
+#include "base/text_sink.hpp"
 
 namespace brindle {
 
-struct Node;
-struct TreeView;
+class Corpus;
+class Node;
 
 // What became of a root's formula.
 struct Formula {
@@ -27,8 +27,12 @@ using EvaluateFormula = std::function<Formula(Node *root)>;
 // One tree, with the number that it gets in the listing.
 void write_documented_tree(Node *root, TextBuffer &out, int number, const EvaluateFormula &evaluate);
 
-// The whole corpus. All frames are busy meanwhile and BATCH is set; what the user does is handled between two
-// trees, and when BATCH has been cleared the rest is left out. False as soon as the sink fails.
-bool write_documented_corpus(TextSink &sink, TreeView *view, const EvaluateFormula &evaluate);
+// Asked before each tree of a long work, whether to go on: what the user does can be handled there.
+using GoOn = std::function<bool()>;
+
+// The whole corpus; what comes after a "no" of `go_on` (if there is one) is left out. False as soon as the
+// sink fails.
+bool write_documented_corpus(const Corpus &corpus, TextSink &sink, const EvaluateFormula &evaluate,
+                             const GoOn &go_on);
 
 }  // namespace brindle

@@ -1,9 +1,9 @@
 #pragma once
-// The writers of the corpus format. The reader (readtrees.hpp) reads what they write.
+// The writers of the corpus format. The reader (reader.hpp) reads what they write.
 #include <string>
 
-#include "model/forest.hpp"
-#include "model/text_sink.hpp"
+#include "base/text_sink.hpp"
+#include "model/corpus.hpp"
 
 namespace brindle {
 
@@ -16,12 +16,17 @@ void write_tree(const Node *node, TextBuffer &out, int level);
 void write_tree(const Node *node, std::string &out, int level);
 
 // One tree of a saved corpus: its mark if it is checked, its bracketing, its word graph.
-void write_tree_entry(const TreeEntry &tree, TextBuffer &out);
+void write_tree_entry(const Corpus &corpus, int t, TextBuffer &out);
 
 // The words of the tree, each followed by a blank, and a newline.
 void write_the_words(const Node *root, TextBuffer &out);
 
 // The whole corpus in the native format. False as soon as the sink fails.
-bool save_corpus(TextSink &sink);
+bool save_corpus(const Corpus &corpus, TextSink &sink);
+
+// A subtree as the syntax editor shows it: the node and everything below it, each on a line of its own (a
+// newline comes first, none last), indented by four blanks a level: nodes with daughters in brackets, all
+// others bare.
+std::string write_tree_to_editor(const Node *node);
 
 }  // namespace brindle

@@ -3,16 +3,13 @@
 #include <fmt/format.h>
 
 #include "corpus/cats.hpp"
-#include "stats/links.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 namespace {
 
 std::string_view name_of(const Label *label) {
     return label ? label->view() : "(unlabeled)";
-}
-std::string_view name_of(const LabelEntry *entry) {
-    return name_of(entry->name);
 }
 
 double percentage(int part, int whole) {
@@ -56,66 +53,62 @@ class WrappedText {
     int breaks_ = 0;
 };
 
-const Parents *parents_of_word(const Node *node) {
-    const LexLink *link = search_lexlink(word_entry(node), category_entry(node), tag_entry(node));
-    return link ? &link->parents : nullptr;
-}
-
-const Parents *parents_of_category(const Node *node) {
-    const LabelLink *link = search_link(category_entry(node), tag_entry(node));
-    return link ? &link->parents : nullptr;
-}
-
-std::string text_of_context(const ParentRecord &r) {
-    return fmt::format("\n\nSyntactic: {}, Semantic: {}\nDaughter nr.: {} of {}, Amount: {}", name_of(r.syn),
-                       name_of(r.sem), r.dtr_nr, r.nr_of_dtrs, r.checked_count);
+std::string text_of_context(const Statistics &statistics, const Context &context) {
+    const Unit &mother = statistics.unit(context.mother);
+    return fmt::format("\n\nSyntactic: {}, Semantic: {}\nDaughter nr.: {} of {}, Amount: {}",
+                       name_of(mother.syn), name_of(mother.sem), context.dtr_nr, context.nr_of_dtrs,
+                       context.checked_count);
 }
 
 }  // namespace
 
-std::optional<std::string> create_syn_info(const Node *node, const MoreInfo &more) {
-    const LabelEntry *e = category_entry(node);
+std::optional<std::string> create_syn_info(const Corpus &corpus, const Node *node, const MoreInfo &more) {
+    Statistics &statistics = *corpus.statistics;
+    const LabelEntry *e = statistics.category_entry(node->unit());
     std::string head = fmt::format(
-        "Syntactic Tag: {}\n({})\n\nNumber of occurrences: {}\n\n{:.1f}% is annotated", name_of(e),
-        transl(name_of(e), node->dtrs != nullptr), e->count, percentage(e->checked_count, e->count));
-    const LabelLink *link = e->links.first();
-    if (!link || link->checked_count == 0) return head + "No checked occurrences";
+        "Syntactic Tag: {}\n({})\n\nNumber of occurrences: {}\n\n{:.1f}% is annotated", name_of(e->name),
+        transl(name_of(e->name), node->dtrs() != nullptr), e->count, percentage(e->checked_count, e->count));
+    const Unit *u = statistics.first_of(e->pairs);
+    if (!u || u->checked_count == 0) return head + "No checked occurrences";
     WrappedText text(head + "\n\nOccurs with the following semantic tags:\n", more);
-    for (; link && link->checked_count != 0; link = link->next) {
+    while (u && u->checked_count != 0) {
         const std::string item =
-            fmt::format("{}{} : {}", link->label->name ? " " : "", name_of(link->label), link->checked_count);
-        if (!text.append(item, link->next ? ",    " : "")) return std::nullopt;
+            fmt::format("{}{} : {}", u->sem ? " " : "", name_of(u->sem), u->checked_count);
+        u = statistics.next_of_owner(u);
+        if (!text.append(item, u ? ",    " : "")) return std::nullopt;
     }
     return text.take();
 }
 
-std::optional<std::string> create_sem_info(const Node *node, const MoreInfo &more) {
-    const LabelEntry *e = tag_entry(node);
+std::optional<std::string> create_sem_info(const Corpus &corpus, const Node *node, const MoreInfo &more) {
+    Statistics &statistics = *corpus.statistics;
+    const LabelEntry *e = statistics.tag_entry(node->unit());
     if (e->checked_count == 0) return "\n\nUnchecked semantic tag.";
     std::string head =
-        fmt::format("Semantic tag: {}\n\nNumber of occurrences: {}", name_of(e), e->checked_count);
-    const LabelLink *link = e->links.first();
-    if (!link) return head;
+        fmt::format("Semantic tag: {}\n\nNumber of occurrences: {}", name_of(e->name), e->checked_count);
+    const Unit *u = statistics.first_of(e->pairs);
+    if (!u) return head;
     WrappedText text(head + "\n\nOccurs with the following syntactic tags:\n", more);
-    for (; link && link->checked_count > 0; link = link->next) {
-        const std::string item = fmt::format("{} : {}", name_of(link->label), link->checked_count);
-        if (!text.append(item, link->next ? ",   " : "")) return std::nullopt;
+    while (u && u->checked_count > 0) {
+        const std::string item = fmt::format("{} : {}", name_of(u->syn), u->checked_count);
+        u = statistics.next_of_tag(u);
+        if (!text.append(item, u ? ",   " : "")) return std::nullopt;
     }
     return text.take();
 }
 
-std::optional<std::string> create_lex_info(const Node *node, const MoreInfo &more) {
-    const LexEntry *w = word_entry(node);
-    const LexLink *link = w->links.first();
-    if (!link || link->checked_count == 0) return "No checked annotations";
+std::optional<std::string> create_lex_info(const Corpus &corpus, const Node *node, const MoreInfo &more) {
+    Statistics &statistics = *corpus.statistics;
+    const LexEntry *w = statistics.word_entry(node->unit());
+    const Unit *u = statistics.first_of(w->units);
+    if (!u || u->checked_count == 0) return "No checked annotations";
     std::string text = fmt::format(
         "\nWord: {}\n\nNumber of occurrences: {}\n\n{:.1f}% is annotated\n\nOccurs with the following tags:",
-        w->name->view(), w->count, percentage(w->checked_count, w->count));
+        name_of(w->name), w->count, percentage(w->checked_count, w->count));
     int lines = 0;
-    for (; link; link = link->next) {
-        if (link->checked_count == 0) continue;
-        text += fmt::format("\nSyntactic {}, Semantic {} : {}", name_of(link->syn), name_of(link->sem),
-                            link->checked_count);
+    for (; u && u->checked_count != 0; u = statistics.next_of_owner(u)) {
+        text += fmt::format("\nSyntactic {}, Semantic {} : {}", name_of(u->syn), name_of(u->sem),
+                            u->checked_count);
         if (++lines < 7) continue;
         if (!more(text)) return std::nullopt;
         text.clear();
@@ -124,17 +117,23 @@ std::optional<std::string> create_lex_info(const Node *node, const MoreInfo &mor
     return text;
 }
 
-std::optional<std::string> create_parent_info(const Node *node, InfoMode mode, const MoreInfo &more) {
-    const Parents *parents = mode == InfoMode::lex ? parents_of_word(node) : parents_of_category(node);
-    const ParentRecord *record = parents ? parents->first() : nullptr;
-    if (!record || record->checked_count == 0) return node->mother ? "Unchecked node" : "Root node";
+std::optional<std::string> create_parent_info(const Corpus &corpus, const Node *node, InfoMode mode,
+                                              const MoreInfo &more) {
+    const Statistics &statistics = *corpus.statistics;
+    const Unit *unit = mode == InfoMode::lex ? node->unit() : node->unit()->pair;
+    std::uint32_t n = unit->contexts.first;
+    // The checked ones come first.
+    const auto is_checked = [&](std::uint32_t number) {
+        return number != 0 && statistics.contexts[number].checked_count != 0;
+    };
+    if (!is_checked(n)) return node->mother() ? "Unchecked node" : "Root node";
     std::string text = "This type of node occurs with the following (checked) parents:";
     int lines = 0;
-    for (; record && record->checked_count != 0; record = record->next) {
-        text += text_of_context(*record);
+    while (is_checked(n)) {
+        text += text_of_context(statistics, statistics.contexts[n]);
         lines += 3;
-        const bool goes_on = record->next && record->next->checked_count != 0;
-        if (lines <= 6 || !goes_on) continue;
+        n = statistics.contexts[n].by_unit.next;
+        if (lines <= 6 || !is_checked(n)) continue;
         if (!more(text)) return std::nullopt;
         text.clear();
         lines = 0;
@@ -142,16 +141,17 @@ std::optional<std::string> create_parent_info(const Node *node, InfoMode mode, c
     return text;
 }
 
-std::optional<std::string> information(const Node *node, InfoMode mode, bool control, const MoreInfo &more) {
-    if (control) return create_parent_info(node, mode, more);
+std::optional<std::string> information(const Corpus &corpus, const Node *node, InfoMode mode, bool control,
+                                       const MoreInfo &more) {
+    if (control) return create_parent_info(corpus, node, mode, more);
     switch (mode) {
         case InfoMode::sem:
-            return create_sem_info(node, more);
+            return create_sem_info(corpus, node, more);
         case InfoMode::lex:
-            return create_lex_info(node, more);
+            return create_lex_info(corpus, node, more);
         case InfoMode::nonterm:
         case InfoMode::term:
-            return create_syn_info(node, more);
+            return create_syn_info(corpus, node, more);
         case InfoMode::none:
             break;
     }

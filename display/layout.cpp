@@ -1,177 +1,182 @@
 #include "display/layout.hpp"
 
 #include <algorithm>
-#include <vector>
 
 #include "display/layout_levels.hpp"
 #include "model/punctuation.hpp"
 
 namespace brindle {
 
-const TreeView *layout_owner = nullptr;
-
-void forget_layout_owner(const TreeView *view) {
-    if (layout_owner == view) layout_owner = nullptr;
-}
-
-void init_treesizes(LayoutParams &params, TreeView &view) {
-    params = LayoutParams();
-    view.show_punctuation = 0;
-}
-
-int get_node_y(const Node *node, const LayoutParams &params) {
-    return top_baseline + depth_of(node) * params.vdist;
-}
-
-namespace {
-
-// One layout of one tree. Nodes are placed where the walk finds room for them; what moves later is noted at
-// the mothers, and added up when the walk is over.
-class Layout {
+// One layout of one tree. Until the walk is over a node stands where it was placed first, and its texts'
+// places say how far to the left of that they begin.
+class LayoutWalk {
   public:
-    Layout(const LayoutParams &params, TextMeasure &measure, bool show)
-        : sisterdist_(params.sisterdist), mindist_(params.mindist), measure_(measure), show_(show) {}
+    LayoutWalk(const LayoutParams &params, TextMeasure &measure, bool show)
+        : params_(params), measure_(measure) {
+        layout_.show_punctuation = show;
+    }
 
-    void lay_out(Node *root);
-    // The tree's width and height, as the levels say.
-    void measure_tree(TreeEntry &tree, int vdist) const;
+    TreeLayout lay_out(Node *root);
 
   private:
-    struct Open {
-        int index;
-        int reach;  // the lowest level that a text of its subtree stands on
-    };
+    PlacedNode &at(int i) { return layout_.nodes[static_cast<std::size_t>(i)]; }
+    int &reach(int i) { return reach_[static_cast<std::size_t>(i)]; }
+    Node *next_sister(int i) { return next_shown_sister(at(i).node, layout_.show_punctuation); }
 
+    void walk(Node *root);
     int enter(Node *node, int mother);
-    int depth() const { return static_cast<int>(open_.size()) - 1; }
-    int leave();
-    int measure_node(int index);
-    void place_leaf();
-    void place_mother(const Node *last_dtr);
-    void move_nodes();
+    int leave(int i);
+    int measure_node(PlacedNode &n);
+    void place_leaf(int i);
+    void place_mother(int i, int last_dtr);
+    void measure_tree();
+    void finish_nodes();
 
-    int sisterdist_;
-    int mindist_;
+    const LayoutParams &params_;
     TextMeasure &measure_;
-    bool show_;
-    std::vector<Placed> placed_;
-    LayoutLevels levels_{placed_};
-    std::vector<Open> open_;  // the nodes from the root to where the walk stands
+    TreeLayout layout_;
+    LayoutLevels levels_{layout_.nodes};
+    std::vector<int>
+        reach_;  // the lowest level that a text of the node's subtree stands on, as far as placed
 };
 
-void Layout::lay_out(Node *root) {
-    enter(root, -1);
-    for (;;) {
-        Node *node = placed_.back().node;
-        while (node->dtrs) {
-            node = node->dtrs;
-            enter(node, open_.back().index);
+TreeLayout LayoutWalk::lay_out(Node *root) {
+    walk(root);
+    measure_tree();
+    finish_nodes();
+    return std::move(layout_);
+}
+
+void LayoutWalk::walk(Node *root) {
+    for (int i = enter(root, -1);;) {
+        while (Node *first = at(i).node->dtrs()) i = enter(first, i);
+        place_leaf(i);
+        while (i != 0 && !next_sister(i)) {
+            const int last_dtr = i;
+            i = leave(i);
+            place_mother(i, last_dtr);
         }
-        place_leaf();
-        Node *next = nullptr;
-        while (node != root && !(next = next_shown_sister(node, show_))) {
-            leave();
-            place_mother(node);
-            node = node->mother;
-        }
-        if (node == root) break;
-        leave();
-        enter(next, open_.back().index);
+        if (i == 0) break;
+        Node *next = next_sister(i);
+        i = enter(next, leave(i));
     }
-    move_nodes();
+    leave(0);
 }
 
-int Layout::enter(Node *node, int mother) {
-    const int index = static_cast<int>(placed_.size());
-    placed_.push_back({.node = node, .mother = mother, .up = mother});
-    open_.push_back({index, depth() + 1});
-    levels_.enter(depth());
-    return index;
+int LayoutWalk::enter(Node *node, int mother) {
+    const auto i = static_cast<int>(layout_.nodes.size());
+    const int depth = mother < 0 ? 0 : at(mother).depth + 1;
+    layout_.nodes.push_back({.node = node, .depth = depth, .mother = mother});
+    reach_.push_back(depth);
+    levels_.add_node();
+    return i;
 }
 
-// Back to the mother.
-int Layout::leave() {
-    const Open done = open_.back();
-    open_.pop_back();
-    open_.back().reach = std::max(open_.back().reach, done.reach);
-    levels_.leave();
-    return done.index;
+// The node and all below it are placed. Returns its mother.
+int LayoutWalk::leave(int i) {
+    at(i).next = static_cast<std::int32_t>(layout_.nodes.size());
+    const int mother = at(i).mother;
+    if (mother >= 0) reach(mother) = std::max(reach(mother), reach(i));
+    return mother;
 }
 
-// Half the width of the node's text. What each text's start needs waits in its field until the walk is over.
-int Layout::measure_node(int index) {
-    Placed &p = placed_[static_cast<std::size_t>(index)];
-    const int syn = measure_.width(p.node->syn);
-    const int sem = p.node->sem ? measure_.width(p.node->sem) : 0;
-    p.half_syn = syn / 2;
-    if (p.node->sem) p.node->sem_x = sem / 2;
+// Half the width of the node's text.
+int LayoutWalk::measure_node(PlacedNode &n) {
+    const int syn = measure_.width(n.node->syn());
+    const int sem = n.node->sem() ? measure_.width(n.node->sem()) : 0;
+    n.syn_x = syn / 2;
+    n.sem_x = sem / 2;
     return std::max(syn, sem) / 2;
 }
 
-void Layout::place_leaf() {
-    const int index = open_.back().index;
-    Node *node = placed_[static_cast<std::size_t>(index)].node;
-    const int half = measure_node(index);
-    const LevelEnd here = levels_.end(depth());
-    node->x = std::max(here.anchor + sisterdist_, mindist_ + here.right + half);
-    if (node->lex) {
-        const int half_word = measure_.width(node->lex) / 2;
-        const int least = mindist_ + levels_.end(depth() + 1).right;
-        node->x = std::max(node->x, least + half_word);
-        node->lex_x = half_word;
-        levels_.place_word(index, depth() + 1, {node->x, node->x + half_word});
-        open_.back().reach = depth() + 1;
+void LayoutWalk::place_leaf(int i) {
+    PlacedNode &n = at(i);
+    const int half = measure_node(n);
+    const LevelEnd here = levels_.end(n.depth);
+    n.x = std::max(here.anchor + params_.sisterdist, params_.mindist + here.right + half);
+    if (n.node->lex()) {
+        n.lex_x = measure_.width(n.node->lex()) / 2;
+        n.x = std::max(n.x, params_.mindist + levels_.end(n.depth + 1).right + n.lex_x);
+        levels_.place_word(i, n.lex_x);
+        reach(i) = n.depth + 1;
     }
-    levels_.place_node(index, depth(), {node->x, node->x + half}, !next_shown_sister(node, show_));
+    levels_.place_node(i, half, !next_sister(i));
 }
 
-void Layout::place_mother(const Node *last_dtr) {
-    const auto [index, reach] = open_.back();
-    Placed &p = placed_[static_cast<std::size_t>(index)];
-    Node *node = p.node;
-    const int half = measure_node(index);
-    const int first_x = node->dtrs->x;
-    const int left = first_x + (last_dtr->x - first_x) / 2 - half;
-    const int least = mindist_ + levels_.end(depth()).right;
-    if (left < least) levels_.move_below(index, reach, least - left);
-    p.moved = std::max(0, least - left);
-    node->x = std::max(left, least) + half;
-    levels_.place_node(index, depth(), {node->x, node->x + half}, !next_shown_sister(node, show_));
+void LayoutWalk::place_mother(int i, int last_dtr) {
+    PlacedNode &n = at(i);
+    const int half = measure_node(n);
+    const int first_x = at(i + 1).x;
+    const int left = first_x + (at(last_dtr).x - first_x) / 2 - half;
+    const int least = params_.mindist + levels_.end(n.depth).right;
+    levels_.close(i, reach(i), std::max(0, least - left));
+    n.x = std::max(left, least) + half;
+    levels_.place_node(i, half, !next_sister(i));
 }
 
-void Layout::move_nodes() {
-    for (Placed &p : placed_) {
-        if (p.mother >= 0) {
-            const Placed &mother = placed_[static_cast<std::size_t>(p.mother)];
-            p.moved_below_up = mother.moved_below_up + mother.moved;
-        } else {
-            p.moved_below_up = 0;
-        }
-        Node *node = p.node;
-        node->x += p.moved_below_up;
-        node->syn_x = node->x - p.half_syn;
-        if (node->sem) node->sem_x = node->x - node->sem_x;
-        if (node->lex) node->lex_x = node->x - node->lex_x;
-    }
-}
-
-void Layout::measure_tree(TreeEntry &tree, int vdist) const {
-    tree.width = 0;
-    tree.height = top_baseline - vdist;
-    for (const int right : levels_.right_edges()) {
+void LayoutWalk::measure_tree() {
+    layout_.height = top_baseline - params_.vdist;
+    for (int level = 0; level < levels_.nr_of_levels(); ++level) {
+        const int right = levels_.end(level).right;
         if (right == 0) return;
-        tree.width = std::max(tree.width, right);
-        tree.height += vdist;
+        layout_.width = std::max(layout_.width, right);
+        layout_.height += params_.vdist;
     }
 }
 
-}  // namespace
+// Where everything stands in the end, and what subtrees cover.
+void LayoutWalk::finish_nodes() {
+    layout_.index_.reserve(layout_.nodes.size());
+    for (int i = 0; i < static_cast<int>(layout_.nodes.size()); ++i) {
+        PlacedNode &n = at(i);
+        n.x = levels_.x_of(i);
+        n.syn_x = n.x - n.syn_x;
+        n.sem_x = n.node->sem() ? n.x - n.sem_x : 0;
+        n.lex_x = n.node->lex() ? n.x - n.lex_x : 0;
+        const auto own = layout_.own_span(n);
+        n.left = own.left;
+        n.right = own.right;
+        layout_.index_.emplace(n.node, i);
+    }
+    for (auto i = static_cast<int>(layout_.nodes.size()) - 1; i > 0; --i) {
+        PlacedNode &mother = at(at(i).mother);
+        mother.left = std::min(mother.left, at(i).left);
+        mother.right = std::max(mother.right, at(i).right);
+    }
+}
 
-void tree_layout(const TreeView &view, const LayoutParams &params, TextMeasure &measure, TreeEntry &tree) {
-    layout_owner = &view;
-    Layout layout(params, measure, view.show_punctuation != 0);
-    layout.lay_out(tree.root);
-    layout.measure_tree(tree, params.vdist);
+TreeLayout lay_out(Node *root, const LayoutParams &params, TextMeasure &measure, bool show_punctuation) {
+    return LayoutWalk(params, measure, show_punctuation).lay_out(root);
+}
+
+// ---------------------------------------------------------------- what a layout is asked
+
+const PlacedNode *TreeLayout::find(const Node *node) const {
+    const auto at = index_.find(node);
+    return at == index_.end() ? nullptr : &nodes[static_cast<std::size_t>(at->second)];
+}
+
+TreeLayout::Span TreeLayout::own_span(const PlacedNode &n) const {
+    int left = n.node->sem() ? std::min(n.syn_x, n.sem_x) : n.syn_x;
+    if (n.node->lex()) left = std::min(left, n.lex_x);
+    const Span texts{left, n.x + (n.x - left) + 1};
+    if (n.mother < 0) return texts;
+    const int mother_x = nodes[static_cast<std::size_t>(n.mother)].x;
+    return {std::min(texts.left, mother_x), std::max(texts.right, mother_x)};
+}
+
+// A node reaches from its mother's baseline, where its branch begins, to its word, one level below it.
+TreeLayout::Levels TreeLayout::levels_in(const Clip &clip, int text_height, const LayoutParams &params) {
+    const int vdist = std::max(params.vdist, 1);
+    const int reach = 2 * (text_height + params.text_gap + margin);
+    const int first = (clip.top - top_baseline - reach) / vdist - 1;
+    const int last = (clip.bottom - top_baseline + reach) / vdist + 1;
+    return {first, last};
+}
+
+bool TreeLayout::own_part_in(const PlacedNode &n, const Clip &clip) const {
+    const Span span = own_span(n);
+    return span.right >= clip.left - margin && span.left <= clip.right + margin;
 }
 
 }  // namespace brindle

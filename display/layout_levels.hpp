@@ -1,40 +1,25 @@
 #pragma once
 // What the layout knows of each level while it places nodes from left to right, with subtrees that move.
 //
-// A move shifts every text of a subtree and, level by level, what the level remembers of its latest text.
-// Done node by node this costs a walk over the subtree for every mother that pushes her daughters, which in
-// deep trees is quadratic. Here a move costs a few steps:
+// The rule: when all below a mother moves, each level under her is gone through from right to left. A list of
+// sisters that ends exactly where the level does takes the level's end along, and if its last sister has a
+// word, the end of the level below too. Gone through node by node, deep trees would take quadratic time. So
 //
-// - Nodes do not move at all until the walk is over: a mother keeps by how much all below her moved.
-// - A level's latest text nearly always moves with its subtree. Such levels (`moving`) get the move through a
-//   running sum over the levels, changed at its two ends.
-// - By definition a level moves when a list of sisters under the mover ends in a node that stands exactly
-// where
-//   the level's latest text stands, and a word does when its terminal does so. A word to the right of which
-//   another text has come on its terminal's level is therefore left behind, its level `standing`, while the
-//   nodes beside it move on. If one of those moves onto that very pixel, or if texts have got out of order,
-//   the definition is followed to the letter, list by list (`searched`), until the level's next text.
-#include <climits>
+// - a mother notes by how much all below her has moved, and a node's place is worked out when it is asked
+// for;
+// - the end of a level is kept as a distance from the node whose text is the latest on it: it moves with it;
+// - where that may not be the whole story the end is kept as it is, and the level watched: every move goes
+//   through its lists by the rule. That is so when a text has come to the right of the terminal whose word
+//   was the level's latest text: the word moves on and the level's end does not, until a list happens to end
+//   there. And when, after that, a text has come to the left of where a list ends.
 #include <set>
 #include <vector>
 
-#include "model/node.hpp"
+#include "display/layout.hpp"
 
 namespace brindle {
 
-// A node in the layout's walk. Indexes count in document order, so all nodes below a mother have higher ones,
-// and of two nodes of a level the one to the right has the higher one.
-struct Placed {
-    Node *node = nullptr;
-    int mother = -1;
-    int half_syn = 0;     // half the width of the category's text
-    int moved = INT_MIN;  // by how much all below the node has moved; INT_MIN: not known yet
-    int prev_list = -1;   // if a list of sisters ends here: where the list before it on this level ends
-    int up = -1;          // an ancestor, and the sum of what the ancestors below it have moved this node
-    int moved_below_up = 0;
-};
-
-// The right end of a level: centre and right edge of its latest text, 0 on a level without any.
+// Centre and right edge of the latest text of a level, 0 on a level without any.
 struct LevelEnd {
     int anchor = 0;
     int right = 0;
@@ -42,68 +27,58 @@ struct LevelEnd {
 
 class LayoutLevels {
   public:
-    explicit LayoutLevels(std::vector<Placed> &placed) : placed_(placed) {}
+    // Of nodes in document order, which keep the places they are given first.
+    explicit LayoutLevels(const std::vector<PlacedNode> &nodes) : nodes_(nodes) {}
 
-    // The walk goes down to this depth; it comes back up by `leave`.
-    void enter(int depth);
-    void leave() { --depth_; }
+    // The latest of the nodes is new.
+    void add_node();
 
-    // REQUIRES: level is at most one below the walk's depth.
-    LevelEnd end(int level) const;
+    int nr_of_levels() const { return static_cast<int>(levels_.size()); }
+    LevelEnd end(int level);
 
-    // A text becomes the latest of its level: that of a node, whose x is set, or a terminal's word.
-    void place_node(int node, int level, LevelEnd end, bool ends_list);
-    void place_word(int terminal, int level, LevelEnd end);
+    // A node, or a terminal's word, is placed on its level, half as wide as said. The word comes first.
+    void place_word(int terminal, int half);
+    void place_node(int node, int half, bool ends_list);
 
-    // All below the mother (at the walk's depth, its texts reaching down to level `reach`) moves right by
-    // delta > 0.
-    void move_below(int mother, int reach, int delta);
+    // All below the mother is placed, its texts reaching down to the level `reach`, and moves to the right by
+    // delta >= 0.
+    void close(int mother, int reach, int delta);
 
-    // The final right edges of all levels, from the root's on.
-    std::vector<int> right_edges() const;
+    // Where the node stands now.
+    int x_of(int node);
 
   private:
-    enum class Kind { moving, standing, searched };
-
     struct Level {
-        Kind kind = Kind::moving;
-        LevelEnd end;          // of a moving level: to be raised by the sum of the moves up to it
-        int moves = 0;         // the running sum's change from the level above to this one
-        int latest = -1;       // the node whose text is the latest; if a word's, its terminal
-        bool is_word = false;  // the latest text is a word
-        int last_list = -1;    // where the last list of sisters ends
-        int candidate = -1;    // standing: the rightmost list end that has not passed the anchor, and its x
-        int candidate_x = 0;
-        int highest = INT_MIN;  // searched: no list ends further right
+        int carrier = -1;            // the node with which the end moves; -1: none
+        LevelEnd end;                // to the right of the carrier
+        std::vector<int> list_ends;  // where lists of sisters end, from left to right
+        bool watched = false;        // is in watched_
+        bool out_of_order = false;   // at some time a text came to the left of where a list ended
     };
 
-    struct Move {
-        int mother;
-        int depth;
-        int delta;
+    // How a node has moved: `up` is an ancestor, `by` the sum of what ancestors below that one have moved it.
+    struct Moves {
+        int up;
+        int by = 0;
+        int below = -1;  // by how much all below the node has moved; -1: not known yet
     };
 
     Level &at(int level) { return levels_[static_cast<std::size_t>(level)]; }
-    const Level &at(int level) const { return levels_[static_cast<std::size_t>(level)]; }
-    Placed &placed(int i) { return placed_[static_cast<std::size_t>(i)]; }
-    int sum_of_moves(int level) const;
-    int x_of(int i);
-    int highest_list(const Level &level);
-    void place(int level, LevelEnd end, int latest, bool is_word);
-    void leave_word_behind(int level, int terminal);
-    void search_from_now(int level, int highest);
-    bool meets_candidate(int level, const Move &move);
-    std::vector<int> words_moved_into(int level, const Move &move) const;
-    std::vector<int> follow_definition(int level, const Move &move);
-    void check_level_below(int level, const std::vector<int> &words);
+    const PlacedNode &node(int i) const { return nodes_[static_cast<std::size_t>(i)]; }
+    Moves &moves(int i) { return moves_[static_cast<std::size_t>(i)]; }
+    bool is_closed(int i) { return i >= 0 && moves(i).below >= 0; }
 
-    std::vector<Placed> &placed_;
+    void place(int level, int node, int half);
+    void leave_word_behind(int level);
+    void watch(int level);
+    int word_carried_by(int level);
+    int word_carrying(int level);
+    std::vector<int> go_through(int level, int mother, int delta, const std::vector<int> &words);
+
+    const std::vector<PlacedNode> &nodes_;
+    std::vector<Moves> moves_;  // of the nodes
     std::vector<Level> levels_;
-    std::vector<int> sums_;  // the running sums on the walk's path
-    int depth_ = -1;
-    std::set<int> watched_;  // levels that a move must look at: searched ones, standing ones with a candidate
-    int followed_ = -1;      // during a move: the level for which the definition was followed last,
-    std::vector<int> words_;  // and the terminals there whose words moved by it, rightmost first
+    std::set<int> watched_;
     std::vector<int> path_;
 };
 

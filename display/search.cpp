@@ -2,27 +2,24 @@
 
 #include <fmt/format.h>
 
-#include "model/forest.hpp"
-#include "model/label_rules.hpp"
-#include "model/limits.hpp"
-#include "model/text.hpp"
-#include "stats/changes.hpp"
-#include "stats/tables.hpp"
+#include "base/limits.hpp"
+#include "base/text.hpp"
+#include "edit/change.hpp"
+#include "edit/label_rules.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 namespace {
 
-LabelEntry *known(const std::string &name, LabelKind kind) {
-    return search(name, kind, MustExist::no);
-}
-
 // The resolved fields of an exact search, and what was not found.
 class ExactLabels {
   public:
+    explicit ExactLabels(const Statistics &statistics) : statistics_(statistics) {}
+
     void resolve_category(const SearchRequest &request, const TermOrNonterm &ask) {
         if (request.syn.empty()) return;
-        const LabelEntry *term = known(request.syn, LabelKind::TERM);
-        const LabelEntry *nonterm = known(request.syn, LabelKind::NONTERM);
+        const LabelEntry *term = statistics_.find(request.syn, LabelKind::TERM);
+        const LabelEntry *nonterm = statistics_.find(request.syn, LabelKind::NONTERM);
         const LabelEntry *entry = nonterm ? nonterm : term;
         if (term && !request.lex.empty())
             entry = term;
@@ -36,7 +33,7 @@ class ExactLabels {
 
     void resolve_tag(const std::string &name) {
         if (name.empty()) return;
-        const LabelEntry *entry = known(name, LabelKind::SEM);
+        const LabelEntry *entry = statistics_.find(name, LabelKind::SEM);
         if (entry)
             sem_ = entry->name;
         else if (!messages_.empty())
@@ -47,7 +44,7 @@ class ExactLabels {
 
     void resolve_word(const std::string &name) {
         if (name.empty()) return;
-        const LexEntry *entry = searchlex(name, MustExist::no);
+        const LexEntry *entry = statistics_.find_word(name);
         if (entry)
             lex_ = entry->name;
         else if (messages_.size() == 2)
@@ -73,6 +70,7 @@ class ExactLabels {
 
     void miss(std::string message) { messages_.push_back({std::move(message), true}); }
 
+    const Statistics &statistics_;
     std::vector<SearchMessage> messages_;
     const Label *syn_ = nullptr;
     const Label *sem_ = nullptr;
@@ -91,19 +89,20 @@ std::string new_text(const Label *label, const SearchRequest &request, const std
 
 }  // namespace
 
-bool is_term_and_nonterm(const SearchRequest &request) {
+bool is_term_and_nonterm(const Corpus &corpus, const SearchRequest &request) {
     return request.complete_labels && !request.syn.empty() && request.lex.empty() &&
-           known(request.syn, LabelKind::TERM) && known(request.syn, LabelKind::NONTERM);
+           corpus.statistics->find(request.syn, LabelKind::TERM) &&
+           corpus.statistics->find(request.syn, LabelKind::NONTERM);
 }
 
-Addresses init_adresses(const SearchRequest &request, const TermOrNonterm &ask) {
+Addresses init_adresses(const Corpus &corpus, const SearchRequest &request, const TermOrNonterm &ask) {
     if (request.syn.empty() && request.sem.empty() && request.lex.empty())
         return {{{"You need to specify at least one field!", false}}, std::nullopt};
     if (!request.complete_labels)
         return {{},
                 Pattern::substring(unless_empty(request.syn), unless_empty(request.sem),
                                    unless_empty(request.lex))};
-    ExactLabels labels;
+    ExactLabels labels(*corpus.statistics);
     labels.resolve_category(request, ask);
     labels.resolve_tag(request.sem);
     labels.resolve_word(request.lex);
@@ -124,28 +123,20 @@ std::optional<std::string> cannot_replace(const SearchRequest &request, ReplaceC
     return refuse_category(with);
 }
 
-std::optional<std::string> replace_at(const TreeEntry &tree, Node *node, const SearchRequest &request,
-                                      ReplaceChoice choice, std::string_view with, TreeView *view) {
-    const TreeCheckedScope checked(tree);
-    if (choice == ReplaceChoice::syntax) {
-        const std::string category = new_text(node->syn, request, request.syn, with);
-        if (auto refusal = refuse_category(category)) return refusal;
-        change_cat(node, category, view);
-    } else {
-        const std::string tag = new_text(node->sem, request, request.sem, with);
-        if (auto refusal = refuse_tag(tag)) return refusal;
-        new_label(node, tag, view);
-    }
-    return std::nullopt;
+std::optional<std::string> replace_at(Corpus &corpus, Node *node, const SearchRequest &request,
+                                      ReplaceChoice choice, std::string_view with) {
+    if (choice == ReplaceChoice::syntax)
+        return set_category(corpus, node, new_text(node->syn(), request, request.syn, with));
+    return set_tag(corpus, node, new_text(node->sem(), request, request.sem, with));
 }
 
-std::optional<ForestSearch::Match> ForestSearch::next() {
+std::optional<CorpusSearch::Match> CorpusSearch::next() {
     constexpr int trees_between_questions = 8192;
     const int first = tree_;
-    for (; tree_ < amount; ++tree_, start_ = nullptr) {
+    for (; tree_ < corpus_.amount() && matches_.any(); ++tree_, start_ = nullptr) {
         const bool asks = may_go_on_ && tree_ != first && (tree_ - first) % trees_between_questions == 0;
         if (asks && !may_go_on_()) return std::nullopt;
-        Node *found = next_match(pattern_, forest[static_cast<std::size_t>(tree_)].root, start_);
+        Node *found = matches_.next(corpus_.tree(tree_).root, start_);
         if (!found) continue;
         start_ = found;
         return Match{tree_, found};

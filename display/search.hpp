@@ -1,7 +1,7 @@
 #pragma once
 // Search and replace over the whole corpus: what the fields of the search box mean, what they refuse, and
-// the matches one after another. It stands here because its messages are those of the search box; the search
-// within a tree is model/pattern's.
+// the matches one after another. It stands here because its messages are those of the search box; the
+// matching is model/pattern's.
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,9 +10,6 @@
 #include "model/pattern.hpp"
 
 namespace brindle {
-
-struct TreeEntry;
-struct TreeView;
 
 // The three buttons, with their action codes.
 enum class SearchAction : int { search = 114, replace = 115, replace_all = 116 };
@@ -45,29 +42,31 @@ using TermOrNonterm = std::function<LabelKind(const std::string &question)>;
 
 // True if the fields name, in exact mode and without a word, a category that occurs both with words and
 // without: then init_adresses asks which one is meant.
-bool is_term_and_nonterm(const SearchRequest &request);
+bool is_term_and_nonterm(const Corpus &corpus, const SearchRequest &request);
 
 // Looks the fields up in the statistics. `ask` is called if is_term_and_nonterm, before any message.
-Addresses init_adresses(const SearchRequest &request, const TermOrNonterm &ask);
+Addresses init_adresses(const Corpus &corpus, const SearchRequest &request, const TermOrNonterm &ask);
 
 // Why nothing can be replaced, as the notice to show (with the bell); no value: it can. `with` may be empty.
 std::optional<std::string> cannot_replace(const SearchRequest &request, ReplaceChoice choice,
                                           std::string_view with);
 
-// Replaces the label of a matching node of the tree: the whole of it, or every occurrence of the field's text
-// in it. The counts follow, under the flag of the tree; `view` (null: none) is repainted. Returns why the new
-// label is refused, if it is; then nothing has changed.
-std::optional<std::string> replace_at(const TreeEntry &tree, Node *node, const SearchRequest &request,
-                                      ReplaceChoice choice, std::string_view with, TreeView *view);
+// Replaces the label of a matching node: the whole of it, or every occurrence of the field's text in it.
+// Returns why the new label is refused, if it is; then nothing has changed.
+std::optional<std::string> replace_at(Corpus &corpus, Node *node, const SearchRequest &request,
+                                      ReplaceChoice choice, std::string_view with);
 
-// The matches in the forest, tree by tree in document order. Labels may change between two steps; a tree's
+// The matches in a corpus, tree by tree in document order. Labels may change between two steps; a tree's
 // nodes may not, but for those of trees not yet reached.
-class ForestSearch {
+class CorpusSearch {
   public:
     // Begins at the top of a tree (0-based). `may_go_on` is asked now and then on a long way to a match;
     // false ends the search.
-    ForestSearch(Pattern pattern, int first_tree, std::function<bool()> may_go_on = {})
-        : pattern_(std::move(pattern)), tree_(first_tree), may_go_on_(std::move(may_go_on)) {}
+    CorpusSearch(const Corpus &corpus, Pattern pattern, int first_tree, std::function<bool()> may_go_on = {})
+        : corpus_(corpus),
+          matches_(corpus, std::move(pattern)),
+          tree_(first_tree),
+          may_go_on_(std::move(may_go_on)) {}
 
     struct Match {
         int tree;
@@ -77,7 +76,8 @@ class ForestSearch {
     std::optional<Match> next();
 
   private:
-    Pattern pattern_;
+    const Corpus &corpus_;
+    Matches matches_;
     int tree_;
     const Node *start_ = nullptr;
     std::function<bool()> may_go_on_;

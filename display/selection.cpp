@@ -3,45 +3,34 @@
 #include "model/traversal.hpp"
 
 namespace brindle {
-
-int do_select(Node *node) {
-    node->selected = true;
-    return 1;
-}
-
-int do_unselect(Node *node) {
-    node->selected = false;
-    return 1;
-}
-
 namespace {
 
-// All daughters in the list that starts at `dtrs` (null: none) and all their descendants.
-void set_subtrees(Node *dtrs, int (*action)(Node *)) {
-    if (dtrs) do_with(dtrs, action);
+// All that lies below the node.
+void select_below(Node *node, bool selected) {
+    for (Node *n = node->dtrs(); n; n = next_in_document(n, node)) n->select(selected);
 }
 
 }  // namespace
 
 void select_click(Node *node) {
-    const bool mother_selected = node->mother && node->mother->selected;
-    const bool dtr_selected = node->dtrs && node->dtrs->selected;
-    const bool dtr_unselected = node->dtrs && !node->dtrs->selected;
+    const bool mother_selected = node->mother() && node->mother()->selected();
+    const bool dtr_selected = node->dtrs() && node->dtrs()->selected();
+    const bool dtr_unselected = node->dtrs() && !node->dtrs()->selected();
 
-    if (!node->selected && mother_selected) {
-        set_subtrees(node->mother->dtrs, do_select);
-    } else if (!node->selected) {
-        do_select(node);
-        set_subtrees(node->dtrs, do_unselect);
+    if (!node->selected() && mother_selected) {
+        select_below(node->mother(), true);
+    } else if (!node->selected()) {
+        node->select(true);
+        select_below(node, false);
     } else if (!mother_selected && dtr_unselected) {
-        set_subtrees(node->dtrs, do_select);
+        select_below(node, true);
     } else if (!mother_selected) {
-        do_unselect(node);
-        set_subtrees(node->dtrs, do_unselect);
+        node->select(false);
+        select_below(node, false);
     } else if (dtr_selected) {
-        set_subtrees(node->dtrs, do_unselect);
+        select_below(node, false);
     } else {
-        set_subtrees(node->mother->dtrs, do_unselect);
+        select_below(node->mother(), false);
     }
 }
 

@@ -4,10 +4,6 @@
 
 namespace brindle {
 
-// Sets, clears the node's `selected` flag; both return 1.
-int do_select(Node *node);
-int do_unselect(Node *node);
-
 // The SELECT click on a node. What it does depends on whether the node, its mother and its first daughter are
 // selected: repeated clicks on a node whose mother is unselected give the node alone, the node with its
 // subtree, nothing. Nothing is drawn.

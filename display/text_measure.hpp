@@ -25,7 +25,8 @@ class ByteMeasure : public TextMeasure {
     int pixels_a_byte_;
 };
 
-// Measures each label once: labels are interned and never go, so an answer stays good as long as the font.
+// Measures each label of one corpus once: its labels are interned and live as long as it does, so an answer
+// stays good as long as the font.
 class CachedMeasure : public TextMeasure {
   public:
     using Measure = std::function<int(std::string_view)>;

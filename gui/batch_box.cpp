@@ -1,7 +1,7 @@
 // "Batch processing".
 #include "gui/command_windows.hpp"
 #include "gui/events.hpp"
-#include "model/forest.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -37,20 +37,21 @@ void add_range(TreeWindow &tw, tk::Panel &panel) {
     tw.selection_choice = &panel.add_choice("Type of selection:", {}, {"All trees", "Random selection"},
                                             value_callback<tk::Choice>(&Commands::selection_type));
     panel.add_message("Range of trees:", tk::new_row(), true);
-    tw.from_slider =
-        &panel.add_slider("From:", close_row, {.min = 1, .max = amount, .value = 1, .width = slider_width},
-                          value_callback<tk::Slider>(&Commands::from_slide));
-    tw.to_slider = &panel.add_slider("To:    ", close_row,
-                                     {.min = 1, .max = amount, .value = amount, .width = slider_width},
-                                     value_callback<tk::Slider>(&Commands::to_slide));
+    tw.from_slider = &panel.add_slider(
+        "From:", close_row, {.min = 1, .max = the_corpus().amount(), .value = 1, .width = slider_width},
+        value_callback<tk::Slider>(&Commands::from_slide));
+    tw.to_slider = &panel.add_slider(
+        "To:    ", close_row,
+        {.min = 1, .max = the_corpus().amount(), .value = the_corpus().amount(), .width = slider_width},
+        value_callback<tk::Slider>(&Commands::to_slide));
     panel.add_message("Amount of trees in range:", tk::new_row(), true);
-    tw.range_amount = &panel.add_message(std::to_string(amount), {}, true);
+    tw.range_amount = &panel.add_message(std::to_string(the_corpus().amount()), {}, true);
 }
 
 void add_random_selection(TreeWindow &tw, tk::Panel &panel) {
     tw.random_size_label = &panel.add_message("Size of random selection:", tk::new_row(), true);
-    tw.random_size_slider =
-        &panel.add_slider("#", close_row, {.min = 0, .max = amount, .value = 0, .width = slider_width});
+    tw.random_size_slider = &panel.add_slider(
+        "#", close_row, {.min = 0, .max = the_corpus().amount(), .value = 0, .width = slider_width});
     tw.seed_field = &panel.add_numeric_field("Seed:", close_row, {.min = 0, .value = 1, .shown = 4});
     tw.random_size_label->set_inactive(true);
     tw.random_size_slider->set_inactive(true);

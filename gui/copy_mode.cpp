@@ -1,8 +1,8 @@
 // The copy mode: a tag is copied from the node that is clicked to the node on which "copy" was chosen.
+#include "edit/change.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/events.hpp"
-#include "model/forest.hpp"
-#include "stats/changes.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -22,8 +22,7 @@ void copy_tag(Node *clicked, TreeWindow &tw) {
         prompt_at_node(clicked, "Interesting choice!", tw, true);
         return;
     }
-    TreeCheckedScope scope(forest[static_cast<std::size_t>(request.tree)]);
-    new_label(request.node, text_of(clicked->sem), nullptr);
+    set_tag(the_corpus(), request.node, text_of(clicked->sem()));
     show_nr(request.tree, *request.window);
 }
 
@@ -32,7 +31,7 @@ void copy_tag(Node *clicked, TreeWindow &tw) {
 void copy_to(Node *clicked, TreeWindow &tw) {
     tk::NoticeSpec spec;
     spec.place = tk::place_on(*tw.frame);
-    spec.message = {clicked->sem ? std::string(clicked->sem->view()) : "(unlabeled)",
+    spec.message = {clicked->sem() ? std::string(clicked->sem()->view()) : "(unlabeled)",
                     "Copy this annotation?"};
     spec.buttons = {{"Yes", YES}, {"No", NO}, {"Cancel", CANCEL}};
     spec.silent = true;

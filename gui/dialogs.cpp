@@ -2,9 +2,10 @@
 
 #include <algorithm>
 
-#include "display/layout.hpp"
+#include "edit/change.hpp"
+#include "gui/current_run.hpp"
 #include "gui/drawing.hpp"
-#include "model/forest.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -30,9 +31,19 @@ int start_with(int at, const tk::Scrollbar &bar) {
 
 // The window may have turned to another tree since a command was begun at the node.
 void show_tree_of(const Node *node, TreeWindow &tw) {
-    const TreeEntry *tree = tree_of(node);
-    if (tree && tree != current_tree(tw)) show_nr(static_cast<int>(tree - forest.data()), tw);
+    if (node->tree() != tw.tree_number) show_nr(node->tree(), tw);
 }
+
+// The windows that show a changed tree lay it out and draw it again.
+struct Repainter final : ChangeListener {
+    void changed(const Corpus &, const Change &change) override {
+        for (const auto &window : tree_windows()) {
+            if (window->tree_number != change.tree) continue;
+            window->layout.reset();
+            if (!running_window() && window->canvas) window->canvas->redraw();
+        }
+    }
+};
 
 }  // namespace
 
@@ -51,8 +62,7 @@ void prompt_at_node(const Node *node, std::string_view message, TreeWindow &tw, 
 
 int notice_at_node(const Node *node, tk::NoticeSpec spec, TreeWindow &tw) {
     show_tree_of(node, tw);
-    check_active_GUI(tw);
-    const tk::Point at{node->x, get_node_y(node, tw)};
+    const tk::Point at = place_of(node, tw);
     make_visible(at.x, at.y, tw);
     spec.place = tk::place_at(*tw.canvas, at);
     return tk::notice_prompt(spec);
@@ -63,15 +73,21 @@ void check_active_GUI(TreeWindow &tw) {
 }
 
 void tree_GUI_repaint(TreeWindow &) {
-    layout_owner = nullptr;
-    for (const auto &window : tree_windows())
+    for (const auto &window : tree_windows()) {
+        window->layout.reset();
         if (window->canvas) window->canvas->redraw();
+    }
+}
+
+void repaint_on_changes() {
+    static Repainter repainter;
+    the_corpus().listeners.push_back(&repainter);
 }
 
 void show_nr(int tree, TreeWindow &tw) {
     tw.tree_number = tree;
     if (tw.previous_button) tw.previous_button->set_inactive(tree <= 0);
-    if (tw.next_button) tw.next_button->set_inactive(tree >= amount - 1);
+    if (tw.next_button) tw.next_button->set_inactive(tree >= the_corpus().amount() - 1);
     if (tw.tree_slider) tw.tree_slider->set_value(tree + 1);
     tree_GUI_repaint(tw);
     tw.hscrollbar->set_view_start(0);

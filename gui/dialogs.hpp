@@ -18,12 +18,16 @@ void prompt_at_panel(tk::Panel &panel, std::string_view message, bool silent);
 // it, with the button "Ok".
 void prompt_at_node(const Node *node, std::string_view message, TreeWindow &tw, bool silent);
 
-// Makes the stored positions those of this window: lays its tree out unless it owns the layout.
+// Lays the window's tree out unless it is.
 void check_active_GUI(TreeWindow &tw);
 
 // Lays the window's tree out and draws it again when the loop is next idle. So do all other windows: what has
 // changed may be in the tree that one of them shows. Positions are as if it had been done at once.
 void tree_GUI_repaint(TreeWindow &tw);
+
+// From now on every change of the corpus repaints the windows that show its tree. Whoever ends a run repaints
+// after it.
+void repaint_on_changes();
 
 // Shows that tree (0-based) from its upper left corner and makes "Previous" and "Next" fit.
 void show_nr(int tree, TreeWindow &tw);

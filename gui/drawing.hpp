@@ -14,18 +14,19 @@ void init_GC(TreeWindow &tw);
 // "\nCannot use font: %s!\n" on standard error and the font of labels and buttons in its place.
 void find_window_font(TreeWindow &tw);
 
-// Lays the shown tree out with the window's font and sizes, which makes the window the layout's owner; fits
-// the canvas's scrollable size to it and sets "Check:". Nothing in a corpus without trees.
+// Lays the shown tree out with the window's font and sizes; fits the canvas's scrollable size to it and sets
+// "Check:". Nothing in a corpus without trees.
 void lay_out_current_tree(TreeWindow &tw);
 
-// Whether the nodes' positions are those of the shown tree in this window.
+// Whether the window's layout is that of the shown tree.
 bool is_laid_out(const TreeWindow &tw);
 
-// The baseline of the node's category on the canvas.
-int get_node_y(const Node *node, const TreeWindow &tw);
+// Where a node of the shown tree stands on the canvas: the centre of its texts, the baseline of its category.
+// A hidden node has its level alone.
+tk::Point place_of(const Node *node, TreeWindow &tw);
 
 // The node at a place of the canvas, or null. Sets the window's info_mode to the line that was hit. REQUIRES:
-// the window owns the layout.
+// is_laid_out.
 Node *nodefind(TreeWindow &tw, tk::Point at);
 
 // The canvas's repaint: lays out and draws everything that is in view.

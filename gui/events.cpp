@@ -4,11 +4,11 @@
 
 #include "display/selection.hpp"
 #include "gui/commands_table.hpp"
+#include "gui/current_run.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/drawing.hpp"
 #include "gui/menus.hpp"
-#include "model/forest.hpp"
-#include "model/request.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -36,7 +36,7 @@ void menu_event(TreeWindow &tw, const tk::Event &event) {
     if (node && COPY_TO) {
         copy_to(node, tw);
     } else if (node) {
-        tk::Menu &menu = node->selected ? *tw.subtrees_menu : *tw.annotation_menu;
+        tk::Menu &menu = node->selected() ? *tw.subtrees_menu : *tw.annotation_menu;
         set_node(menu, node);
         menu.show(*tw.canvas, event);
     } else if (COPY_TO) {
@@ -108,12 +108,11 @@ void adjust_view(int code, TreeWindow &tw) {
 }
 
 void interrupt_run() {
-    TreeWindow *running = BATCH ? open_window(BATCH_TREE_GUI) : nullptr;
-    if (running) commands.stop_batch(*running);
+    if (TreeWindow *running = running_window()) commands.stop_batch(*running);
 }
 
 bool tree_disabled(TreeWindow &tw) {
-    const TreeEntry *tree = current_tree(tw);
+    const Tree *tree = current_tree(tw);
     if (!tree || !tree->editing) return false;
     prompt(*tw.notice,
            "A syntax editor is active on this tree,\ntherefore this tree's interactivity is disabled.", true);

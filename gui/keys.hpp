@@ -12,7 +12,7 @@ class TextWindow;
 
 namespace brindle {
 
-struct Node;
+class Node;
 struct TreeWindow;
 
 enum class Key : int {

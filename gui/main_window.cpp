@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "base/text.hpp"
 #include "gui/commands_table.hpp"
 #include "gui/dialogs.hpp"
 #include "gui/drawing.hpp"
 #include "gui/keys.hpp"
+#include "gui/the_corpus.hpp"
 #include "gui/tree_frame.hpp"
-#include "model/forest.hpp"
-#include "model/text.hpp"
 #include "toolkit/frame.hpp"
 
 namespace brindle {
@@ -54,7 +54,7 @@ void create_main_window(tk::Frame &main_frame) {
     tk::TextField &query = panel.add_text_field("query:  ?-", {}, {.shown = 20, .stored = 1 << 20},
                                                 [](tk::TextField &field) { commands.commando(field); });
     query.set_inactive(true);
-    tk::Button &edit = panel.add_button(edit_label(CORPUS), {}, clone);
+    tk::Button &edit = panel.add_button(edit_label(the_corpus().name), {}, clone);
     tk::TextWindow &output = main_frame.add_text_window();
     output.set_wrap(true);
     output.set_editable(false);
@@ -73,11 +73,11 @@ void create_main_window(tk::Frame &main_frame) {
 
 void show_corpus_name(tk::Frame &main_frame) {
     tk::Button &edit = edit_button(main_frame);
-    edit.set_label(edit_label(CORPUS));
+    edit.set_label(edit_label(the_corpus().name));
     const int width = fit_panel(edit.panel(), edit);
     if (main_frame.size().w < width) main_frame.set_size({width, main_frame.size().h});
-    main_frame.set_title(CORPUS);
-    for (const auto &window : tree_windows()) window->frame->set_title(CORPUS);
+    main_frame.set_title(the_corpus().name);
+    for (const auto &window : tree_windows()) window->frame->set_title(the_corpus().name);
 }
 
 void clone(tk::Button &button) {

@@ -133,7 +133,7 @@ int font_scale_of(std::string_view entry) {
 }
 
 void mark_preferences(TreeWindow &tw) {
-    const bool shown = tw.show_punctuation != 0;
+    const bool shown = tw.show_punctuation;
     for (const auto &entry : tw.prefs_menu->items()) {
         if (!entry->submenu()) continue;
         for (const auto &choice : entry->submenu()->items()) {

@@ -1,6 +1,6 @@
 // The requestors: command windows with one text field, "Ok" and "Cancel".
+#include "base/file_names.hpp"
 #include "gui/command_windows.hpp"
-#include "model/file_names.hpp"
 
 namespace brindle {
 

@@ -1,6 +1,6 @@
 // The syntax editor and the syntactic-tag editor.
+#include "base/limits.hpp"
 #include "gui/command_windows.hpp"
-#include "model/limits.hpp"
 
 namespace brindle {
 

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
-#include "display/layout.hpp"
 #include "gui/command_windows.hpp"
 #include "gui/commands_table.hpp"
 #include "gui/drawing.hpp"
 #include "gui/events.hpp"
 #include "gui/menus.hpp"
-#include "model/forest.hpp"
+#include "gui/the_corpus.hpp"
 
 namespace brindle {
 
@@ -37,10 +36,10 @@ constexpr PanelButton panel_buttons[] = {
 };
 
 void add_slider(TreeWindow &tw) {
-    tw.tree_slider =
-        &tw.panel->add_slider("Tree #", {.new_row = true},
-                              {.min = 1, .max = amount, .value = tw.tree_number + 1, .width = slider_width},
-                              value_callback<tk::Slider>(&Commands::current_proc));
+    tw.tree_slider = &tw.panel->add_slider(
+        "Tree #", {.new_row = true},
+        {.min = 1, .max = the_corpus().amount(), .value = tw.tree_number + 1, .width = slider_width},
+        value_callback<tk::Slider>(&Commands::current_proc));
 }
 
 }  // namespace
@@ -48,9 +47,9 @@ void add_slider(TreeWindow &tw) {
 TreeWindow &create_tree_frame(tk::Frame &main_frame) {
     TreeWindow &tw = add_tree_window();
     tw.main_frame = &main_frame;
-    tw.frame = &main_frame.add_frame(CORPUS);
+    tw.frame = &main_frame.add_frame(the_corpus().name);
     tw.frame->show_footer(true);
-    tw.frame->set_footer(amount == 0 ? "This corpus has no trees." : "");
+    tw.frame->set_footer(the_corpus().amount() == 0 ? "This corpus has no trees." : "");
     tw.frame->set_key(Key::tree_number, &tw.tree_number);
     tw.notice = std::make_unique<tk::Notice>(*tw.frame);
     create_command_windows(tw);
@@ -59,7 +58,7 @@ TreeWindow &create_tree_frame(tk::Frame &main_frame) {
 
 void create_tree_panel(TreeWindow &tw) {
     tw.panel = &tw.frame->add_panel();
-    const bool several = amount > 1;
+    const bool several = the_corpus().amount() > 1;
     for (const PanelButton &entry : panel_buttons) {
         if (entry.needs_several_trees && !several) continue;
         tk::Button &button = tw.panel->add_button(entry.label, {}, button_callback(entry.command));
@@ -71,7 +70,7 @@ void create_tree_panel(TreeWindow &tw) {
     }
     tw.check_box =
         &tw.panel->add_check_box("Check:", {}, false, value_callback<tk::CheckBox>(&Commands::checked));
-    tw.check_box->set_inactive(amount == 0);
+    tw.check_box->set_inactive(the_corpus().amount() == 0);
     set_window_everywhere(*tw.frame, tw);
     tw.frame->set_on_close([&tw](tk::Frame &frame) {
         auto *close = dynamic_cast<tk::Button *>(tw.panel->first_item());
@@ -90,7 +89,6 @@ void create_canvas(TreeWindow &tw) {
     tw.hscrollbar = &tw.canvas->hscrollbar();
     tw.vscrollbar = &tw.canvas->vscrollbar();
     set_window(*tw.canvas, tw);
-    init_treesizes(tw, tw);
     init_GC(tw);
     tw.canvas->set_event_callback(events);
     tw.canvas->set_repaint([&tw](tk::Canvas &, tk::Painter &painter) { canvas_repaint_proc(tw, painter); });

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "display/layout.hpp"
-#include "model/forest.hpp"
-#include "model/request.hpp"
+#include "gui/the_corpus.hpp"
 #include "toolkit/notifier.hpp"
 
 namespace brindle {
@@ -30,16 +28,8 @@ TreeWindow &add_tree_window() {
 
 void close_tree_window(TreeWindow &tw) {
     if (COPY_TO && COPY_TO->window == &tw) COPY_TO.reset();
-    if (BATCH_TREE_GUI == &tw) {
-        BATCH = false;
-        FILTER_NODE = nullptr;
-        EVAL_NODE = nullptr;
-        ROOT_ONLY = false;
-        BATCH_TREE_GUI = nullptr;
-    }
     const int edited = number_of(*tw.syntax_editor, Key::edited_tree);
-    if (edited >= 0) forest[static_cast<std::size_t>(edited)].editing = false;
-    forget_layout_owner(&tw);
+    if (edited >= 0) the_corpus().tree(edited).editing = false;
     auto &list = windows();
     const auto at = std::find_if(list.begin(), list.end(), [&](const auto &w) { return w.get() == &tw; });
     // A callback of the window may be running: the record goes when the loop is idle again.
@@ -55,9 +45,9 @@ TreeWindow *open_window(TreeView *view) {
     return nullptr;
 }
 
-TreeEntry *current_tree(const TreeWindow &tw) {
-    return tw.tree_number >= 0 && tw.tree_number < amount ? &forest[static_cast<std::size_t>(tw.tree_number)]
-                                                          : nullptr;
+Tree *current_tree(const TreeWindow &tw) {
+    return tw.tree_number >= 0 && tw.tree_number < the_corpus().amount() ? &the_corpus().tree(tw.tree_number)
+                                                                         : nullptr;
 }
 
 }  // namespace brindle

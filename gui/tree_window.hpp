@@ -2,14 +2,16 @@
 // The record of an open tree window. Windows, items and menus are the toolkit's: the frame owns them, the
 // record only names them.
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "display/layout_params.hpp"
-#include "display/shown_nodes.hpp"
+#include "display/layout.hpp"
 #include "display/text_measure.hpp"
 #include "gui/keys.hpp"
-#include "model/frontend.hpp"
+#include "model/corpus.hpp"
+#include "model/tree_view.hpp"
+#include "prolog/expansion.hpp"
 #include "toolkit/frame.hpp"
 #include "toolkit/menu.hpp"
 #include "toolkit/notice.hpp"
@@ -17,7 +19,7 @@
 
 namespace brindle {
 
-// The layout's sizes (vdist, sisterdist, ..., font_scale, size_table) and show_punctuation are inherited.
+// The layout's sizes (vdist, sisterdist, ..., font_scale, size_table) are inherited.
 struct TreeWindow : TreeView, LayoutParams {
     tk::Frame *frame = nullptr;
     tk::Frame *main_frame = nullptr;
@@ -83,11 +85,13 @@ struct TreeWindow : TreeView, LayoutParams {
     // Drawing.
     const tk::Font *font = nullptr;  // the toolkit's
     std::string font_name;
-    std::unique_ptr<CachedMeasure> measure;   // of texts in the font
-    std::unique_ptr<ShownNodes> shown_nodes;  // of the latest layout; good while the window owns the layout
+    std::unique_ptr<CachedMeasure> measure;  // of texts in the font
+    std::optional<TreeLayout> layout;        // of the shown tree; none once something has changed
     tk::GraphicsContext gc;
     tk::GraphicsContext inverse_gc;
 
+    bool show_punctuation = false;     // punctuation daughters are laid out, drawn and exported
+    Predicate predicate;               // the evaluation predicate
     int tree_number = 0;               // the shown tree, 0-based; hung on the frame under Key::tree_number
     int info_mode = 0;                 // what the last hit test hit: 2 tag, 3 word, 4 or 5 category
     std::vector<int> batch_selection;  // the trees of the current run, in the order of processing
@@ -109,15 +113,15 @@ const std::vector<std::unique_ptr<TreeWindow>> &tree_windows();
 // A new record, owned by the list above.
 TreeWindow &add_tree_window();
 
-// Closes the window: ends its batch, its copy mode and its claim on a filter answer, destroys its frame with
-// everything in it and releases the record when the callbacks that may still use it have returned.
+// Closes the window: ends its copy mode and its syntax editor's lock, destroys its frame with everything in
+// it and releases the record when the callbacks that may still use it have returned. REQUIRES: no run of it
+// goes on.
 void close_tree_window(TreeWindow &tw);
 
 // The window behind a TreeView; null for null and for a window that has been closed.
 TreeWindow *open_window(TreeView *view);
 
 // The tree that the window shows; null in a corpus without trees.
-struct TreeEntry;
-TreeEntry *current_tree(const TreeWindow &tw);
+Tree *current_tree(const TreeWindow &tw);
 
 }  // namespace brindle

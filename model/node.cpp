@@ -1,30 +1,23 @@
 #include "model/node.hpp"
 
-#include "model/pool.hpp"
-
 namespace brindle {
-namespace {
-Pool<Node> &nodes() {
-    static Pool<Node> pool(Pages::small);
-    return pool;
-}
-}  // namespace
 
-Node *new_node() {
-    return nodes().make();
+Node *Nodes::make() {
+    if (!free_) return add(1);
+    Node *const node = free_;
+    free_ = node->sister();
+    *node = Node();
+    return node;
 }
 
-void release_node(Node *node) {
-    nodes().release(node);
-}
-
-std::size_t node_bytes() {
-    return nodes().bytes();
+void Nodes::release(Node *node) {
+    node->set_sister(free_);
+    free_ = node;
 }
 
 int depth_of(const Node *node) {
     int depth = 0;
-    for (const Node *n = node->mother; n; n = n->mother) ++depth;
+    for (const Node *n = node->mother(); n; n = n->mother()) ++depth;
     return depth;
 }
 

@@ -3,56 +3,87 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "model/label.hpp"
+#include "base/growing_array.hpp"
+#include "model/unit.hpp"
 
 namespace brindle {
 
-struct LabelLink;
-struct LexLink;
+// A node: 32 bytes. Its labels are those of its unit. A node with a word has no daughters. The links are kept
+// as distances within the array of nodes, so that they need half the room of addresses and no base.
+class Node {
+  public:
+    Unit *unit() const { return unit_; }
+    Label *syn() const { return unit_->syn; }  // category
+    Label *sem() const { return unit_->sem; }  // semantic tag; null: the node has none
+    Label *lex() const { return unit_->lex; }  // word; null: the node is no terminal
 
-// A node. Labels are interned (model/label.hpp), never owned. A node with a word has no daughters.
-struct Node {
-    Label *syn = nullptr;       // category; null only while the node is being read
-    Label *sem = nullptr;       // semantic tag; null: the node has none
-    Label *lex = nullptr;       // word; null: the node is no terminal
-    Label *undo_sem = nullptr;  // the tag before the latest change
-    Label *orig_sem = nullptr;  // the tag before the first change since the last save
-    Node *mother = nullptr;     // null at the root
-    Node *dtrs = nullptr;       // first daughter
-    Node *sister = nullptr;     // next sister to the right
-    // Where the statistics count the node's labels together (stats/links); null while it is not stored.
-    LabelLink *link = nullptr;   // its category and tag
-    LexLink *lexlink = nullptr;  // its word, category and tag; null: it has no word
-    // Results of the layout (display/layout), in pixels of the canvas.
-    std::int32_t syn_x = 0;  // where the category's text starts
-    std::int32_t sem_x = 0;  // where the tag's text starts
-    std::int32_t lex_x = 0;  // where the word's text starts
-    std::int32_t x = 0;      // the node's centre
-    // Kept by whoever links nodes (the reader, the tree replacement), so that a position costs no walk.
-    std::int32_t position = 0;    // 1-based place among the mother's daughters; 0 at a root
-    std::int32_t nr_of_dtrs = 0;  // number of daughters
-    bool changed = false;         // the tag has been changed since the corpus was last saved
-    bool selected = false;
+    Node *mother() const { return at(mother_); }  // null at the root
+    Node *dtrs() const { return at(dtrs_); }      // first daughter
+    Node *sister() const { return at(sister_); }  // next sister to the right
+
+    // 1-based place among the mother's daughters; 0 at a root.
+    std::int32_t position() const { return static_cast<std::int32_t>(position_); }
+    std::int32_t nr_of_dtrs() const { return static_cast<std::int32_t>(nr_of_dtrs_); }
+    // The 0-based number of the node's tree.
+    std::int32_t tree() const { return tree_; }
+
+    bool selected() const { return selected_; }
+    void select(bool selected) { selected_ = selected; }
+    // The tag has been changed since the corpus was last saved.
+    bool changed() const { return changed_; }
+
+    // For whoever builds or changes trees: the reader, and edit/ on the one road of changes.
+    void set_unit(Unit *unit) { unit_ = unit; }
+    void set_changed(bool changed) { changed_ = changed; }
+    void set_tree(int tree) { tree_ = tree; }
+    void set_mother(const Node *node) { mother_ = distance_to(node); }
+    void set_dtrs(const Node *node) { dtrs_ = distance_to(node); }
+    void set_sister(const Node *node) { sister_ = distance_to(node); }
+    void set_position(std::uint32_t position) { position_ = position & 0x7fffffffu; }
+    void set_nr_of_dtrs(std::uint32_t number) { nr_of_dtrs_ = number & 0x7fffffffu; }
+
+  private:
+    Node *at(std::int32_t distance) const { return distance ? const_cast<Node *>(this) + distance : nullptr; }
+    std::int32_t distance_to(const Node *node) const {
+        return node ? static_cast<std::int32_t>(node - this) : 0;
+    }
+
+    Unit *unit_;
+    std::int32_t mother_;
+    std::int32_t dtrs_;
+    std::int32_t sister_;
+    std::int32_t tree_;
+    std::uint32_t position_ : 31;
+    std::uint32_t selected_ : 1;
+    std::uint32_t nr_of_dtrs_ : 31;
+    std::uint32_t changed_ : 1;
+};
+static_assert(sizeof(Node) == 32);
+
+// The nodes of one corpus.
+class Nodes {
+  public:
+    // Room for so many new nodes side by side, zeroed; returns the first.
+    Node *add(std::uint32_t n) { return &nodes_[nodes_.add(n)]; }
+    // A new zeroed node.
+    Node *make();
+    // Takes a node back. Nothing may refer to it any more.
+    void release(Node *node);
+
+    Node &operator[](std::uint32_t number) { return nodes_[number]; }
+    std::uint32_t number_of(const Node *node) const { return nodes_.number_of(node); }
+    // Bytes held.
+    std::size_t bytes() const { return nodes_.bytes(); }
+
+  private:
+    GrowingArray<Node> nodes_;
+    Node *free_ = nullptr;  // linked by sister
 };
 
-// The node's 1-based position among its mother's daughters; 0 for a root.
-inline int dtr_nr(const Node *node) {
-    return node->position;
+// The number of the daughters of the node's mother, the node included; 0 for a root.
+inline std::int32_t nr_of_sisters(const Node *node) {
+    return node->mother() ? node->mother()->nr_of_dtrs() : 0;
 }
-
-// The number of daughters of the node's mother, the node included; 0 for a root.
-inline int nr_of_sisters(const Node *node) {
-    return node->mother ? node->mother->nr_of_dtrs : 0;
-}
-
-// A new zeroed node from the program's pool of nodes.
-Node *new_node();
-
-// Gives a node back to the pool. Its labels must have been withdrawn from the statistics.
-void release_node(Node *node);
-
-// Bytes held by the pool of nodes (for bench/).
-std::size_t node_bytes();
 
 // The number of levels above the node: 0 for a root.
 int depth_of(const Node *node);

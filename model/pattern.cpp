@@ -1,96 +1,59 @@
 #include "model/pattern.hpp"
 
-#include <array>
-#include <cstdint>
 #include <utility>
 
-#include <tsl/robin_map.h>
-
-#include "model/text.hpp"
+#include "base/text.hpp"
 #include "model/traversal.hpp"
 
 namespace brindle {
 
-// One field of a substring pattern, with what is known of the labels met so far: the latest answers in a
-// small table, one look away, all of them in a map behind it.
-struct Pattern::Part {
-    std::optional<std::string> text;
-
-    bool match(const Label *label) {
-        if (!text) return true;
-        if (!label) return false;
-        Answer &latest = latest_[(reinterpret_cast<std::uintptr_t>(label) >> 4) % latest_.size()];
-        if (latest.label != label) latest = {label, ask(label)};
-        return latest.contains;
-    }
-
-  private:
-    struct Answer {
-        const Label *label = nullptr;
-        bool contains = false;
-    };
-
-    bool ask(const Label *label) {
-        const auto [at, is_new] = all_.try_emplace(label, false);
-        if (is_new) at.value() = substr(*text, label->view());
-        return at->second;
-    }
-
-    std::array<Answer, 1024> latest_{};
-    tsl::robin_map<const Label *, bool> all_;
-};
-
-struct Pattern::Parts {
-    Part syn, sem, lex;
-    bool match(const Node *n) { return sem.match(n->sem) && lex.match(n->lex) && syn.match(n->syn); }
-};
-
-Pattern::Pattern() = default;
-Pattern::Pattern(Pattern &&) noexcept = default;
-Pattern &Pattern::operator=(Pattern &&) noexcept = default;
-Pattern::~Pattern() = default;
-
 Pattern Pattern::exact(const Label *syn, const Label *sem, const Label *lex, std::optional<LabelKind> kind) {
     Pattern pattern;
-    pattern.exact_ = {syn, sem, lex, !kind, kind == LabelKind::TERM};
+    pattern.syn_.label = syn;
+    pattern.sem_.label = sem;
+    pattern.lex_.label = lex;
+    pattern.kind_ = kind;
     return pattern;
 }
 
 Pattern Pattern::substring(std::optional<std::string> syn, std::optional<std::string> sem,
                            std::optional<std::string> lex) {
     Pattern pattern;
-    pattern.parts_ = std::make_unique<Parts>();
-    pattern.parts_->syn.text = std::move(syn);
-    pattern.parts_->sem.text = std::move(sem);
-    pattern.parts_->lex.text = std::move(lex);
+    pattern.syn_.text = std::move(syn);
+    pattern.sem_.text = std::move(sem);
+    pattern.lex_.text = std::move(lex);
     return pattern;
 }
 
-bool Pattern::match(const Node *node) const {
-    return parts_ ? parts_->match(node) : exact_.match(node);
+bool Pattern::Part::match(const Label *other) const {
+    if (label) return other == label;
+    return !text || (other && substr(*text, other->view()));
 }
 
-namespace {
+bool Pattern::match(const Unit &unit) const {
+    return sem_.match(unit.sem) && lex_.match(unit.lex) && syn_.match(unit.syn) &&
+           (!kind_ || unit.category_kind() == *kind_);
+}
 
-template <class Match>
-Node *first_match(Node *root, const Node *start, Match &&match) {
+void Matches::test_new_units() {
+    for (auto number = static_cast<std::uint32_t>(matches_.size()); number < corpus_.units.end(); ++number) {
+        const Unit &unit = corpus_.units[number];
+        const bool is_of_nodes = number > 0 && (unit.lex || !unit.terminal);
+        matches_.push_back(is_of_nodes && pattern_.match(unit));
+        any_ = any_ || matches_.back();
+    }
+}
+
+bool Matches::any() {
+    test_new_units();
+    return any_;
+}
+
+Node *Matches::next(Node *root, const Node *start) {
+    if (!any()) return nullptr;
     for (Node *n = start ? next_in_document(start, root) : root; n; n = next_in_document(n, root))
-        if (match(n)) return n;
+        if (matches_[corpus_.units.number_of(n->unit())]) return n;
     return nullptr;
-}
-
-}  // namespace
-
-Node *next_match(const Pattern &pattern, Node *root, const Node *start) {
-    if (pattern.parts_)
-        return first_match(root, start, [&](const Node *n) { return pattern.parts_->match(n); });
-    return first_match(root, start, [exact = pattern.exact_](const Node *n) { return exact.match(n); });
-}
-
-Node *is_in_tree(const Pattern &pattern, Node *root, const Node *start) {
-    const Node *top = start;
-    while (top && top->mother) top = top->mother;
-    return top && top != root ? nullptr : next_match(pattern, root, start);
 }
 
 }  // namespace brindle

@@ -15,8 +15,8 @@ inline bool punctuation(const Label *label) {
 
 // The sister shown after the node; null: the node is the last one shown.
 inline Node *next_shown_sister(const Node *node, bool show_punctuation) {
-    Node *sister = node->sister;
-    return sister && (show_punctuation || !punctuation(sister->syn)) ? sister : nullptr;
+    Node *sister = node->sister();
+    return sister && (show_punctuation || !punctuation(sister->syn())) ? sister : nullptr;
 }
 
 // The shown node after `node` in document order inside the subtree of `top`, past the subtree of `node`;
@@ -24,14 +24,14 @@ inline Node *next_shown_sister(const Node *node, bool show_punctuation) {
 inline Node *next_shown_past(const Node *node, const Node *top, bool show_punctuation) {
     while (node != top) {
         if (Node *sister = next_shown_sister(node, show_punctuation)) return sister;
-        node = node->mother;
+        node = node->mother();
     }
     return nullptr;
 }
 
 // The shown node after `node` in document order inside the subtree of `top`; null at the end.
 inline Node *next_shown(const Node *node, const Node *top, bool show_punctuation) {
-    return node->dtrs ? node->dtrs : next_shown_past(node, top, show_punctuation);
+    return node->dtrs() ? node->dtrs() : next_shown_past(node, top, show_punctuation);
 }
 
 }  // namespace brindle

@@ -24,8 +24,8 @@ void do_with(Node *node, Function &&function) {
             continue;
         }
         stack.back().entered = true;
-        if (n->sister) stack.push_back({n->sister, false});
-        if (n->dtrs) stack.push_back({n->dtrs, false});
+        if (n->sister()) stack.push_back({n->sister(), false});
+        if (n->dtrs()) stack.push_back({n->dtrs(), false});
     }
 }
 
@@ -34,17 +34,17 @@ void do_with(Node *node, Function &&function) {
 template <class Function>
 void do_with_sisters(Node *node, Function &&function) {
     std::vector<Node *> sisters;
-    for (; node; node = node->sister) sisters.push_back(node);
+    for (; node; node = node->sister()) sisters.push_back(node);
     for (auto it = sisters.rbegin(); it != sisters.rend(); ++it) function(*it);
 }
 
 // The node after `node` in document order (pre-order, left to right) inside the subtree of `top`; null at its
 // end.
 inline Node *next_in_document(const Node *node, const Node *top) {
-    if (node->dtrs) return node->dtrs;
+    if (node->dtrs()) return node->dtrs();
     while (node != top) {
-        if (node->sister) return node->sister;
-        node = node->mother;
+        if (node->sister()) return node->sister();
+        node = node->mother();
     }
     return nullptr;
 }
@@ -52,8 +52,8 @@ inline Node *next_in_document(const Node *node, const Node *top) {
 // As next_in_document, past the whole subtree of `node`.
 inline Node *next_past_subtree(const Node *node, const Node *top) {
     while (node != top) {
-        if (node->sister) return node->sister;
-        node = node->mother;
+        if (node->sister()) return node->sister();
+        node = node->mother();
     }
     return nullptr;
 }

@@ -8,7 +8,6 @@
 
 #include "prolog/child_command.hpp"
 #include "prolog/run_once.hpp"
-#include "prolog/subtrees.hpp"
 
 namespace brindle {
 
@@ -35,13 +34,19 @@ std::string checking_directory() {
 
 }  // namespace
 
-Formula evaluate_formula(Node *root, TreeView *view) {
+CheckedFormula evaluate_formula(Corpus &corpus, Node *root,
+                                const std::function<void(Node *daughter)> &on_punctuation) {
+    CheckedFormula checked;
     std::string formula;
-    if (expand_expr(formula, root, view)) return {Formula::Outcome::cannot_be_made, ""};
-    std::string answer;
-    const bool ran = fork_n_wait(formula + " --- [] ---\n", answer, checking_program(), checking_directory());
-    if (!ran || !answer.starts_with('(')) return {Formula::Outcome::rejected, ""};
-    return {Formula::Outcome::evaluated, answer.substr(0, answer.find('\n'))};
+    checked.error = expand(formula, corpus, root, {.whole = true, .on_punctuation = on_punctuation});
+    if (checked.error) return checked;
+    const RunOutput answer = run_once(formula + " --- [] ---\n", checking_program(), checking_directory());
+    checked.dropped_chunks = answer.dropped_chunks;
+    if (answer.ended && answer.text.starts_with('('))
+        checked.formula = {Formula::Outcome::evaluated, answer.text.substr(0, answer.text.find('\n'))};
+    else
+        checked.formula.outcome = Formula::Outcome::rejected;
+    return checked;
 }
 
 }  // namespace brindle

@@ -1,7 +1,6 @@
 #pragma once
-// What the Prolog connection asks of the program around it: an event loop, the query field, the output
-// window, notices, and the batch that a prompt drives on. gui/ implements it with windows, brindle-batch and
-// tests with poll().
+// What a Prolog session asks of the program around it: an event loop, the query field, the output window,
+// notices and footers. The workbench implements it with windows, brindle-batch and tests with poll().
 #include <sys/types.h>
 
 #include <functional>
@@ -9,7 +8,7 @@
 
 namespace brindle {
 
-struct Node;
+class Node;
 struct TreeView;
 
 struct PrologHost {
@@ -28,21 +27,17 @@ struct PrologHost {
     virtual void set_query_label(std::string_view /*label*/) {}
     virtual void set_query_active(bool /*active*/) {}
     virtual void set_query_value(std::string_view /*value*/) {}
-    // The main window's footer.
-    virtual void show_query_foot(std::string_view /*text*/) {}
     // Puts text at the end of the output window and scrolls there.
     virtual void insert_output(std::string_view /*bytes*/) {}
-    // A notice of the output window, and one at the query field (x + 10, y + 10), with the button "Ok" and no
-    // bell. They return when the user has answered; input of the child waits meanwhile.
+    // The left footer of the window; null: of the main window.
+    virtual void show_foot(TreeView *, std::string_view /*text*/) {}
+
+    // Notices with the button "Ok". They return when the user has answered; the child's output waits
+    // meanwhile. One of the output window and one at the query field (x + 10, y + 10), both without a bell.
     virtual void notice(std::string_view /*text*/) {}
     virtual void notice_at_query(std::string_view /*text*/) {}
-
-    // The batch (propose/): send the next query of a filter run, of an evaluation run; end the run; show an
-    // answer at its node.
-    virtual void go_on_filtering() {}
-    virtual void go_on_evaluating() {}
-    virtual void stop_batch(TreeView *) {}
-    virtual void batch_prompt_at_node(Node *, std::string_view /*text*/, TreeView *) {}
+    // One at the node, brought into view in that window, with the bell.
+    virtual void prompt_at_node(Node *, std::string_view /*text*/, TreeView *) {}
 };
 
 }  // namespace brindle

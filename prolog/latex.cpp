@@ -3,7 +3,7 @@
 #include <fmt/format.h>
 
 #include "model/punctuation.hpp"
-#include "prolog/subtrees.hpp"
+#include "prolog/expansion.hpp"
 
 namespace brindle {
 namespace {
@@ -44,41 +44,41 @@ constexpr std::string_view preamble =
 
 // Drawn as a bundle: a node with its word, or with its daughters if the first of them is selected.
 bool has_daughters_to_write(const Node *node) {
-    return node->dtrs && node->dtrs->selected;
+    return node->dtrs() && node->dtrs()->selected();
 }
 
 std::string node_label(const Node *node) {
-    const std::string syn = latexlabel(node->syn->view());
-    if (!node->sem) return fmt::format("\\synlabel{{{}}}", syn);
-    return fmt::format("\\synsemlabel{{{}}}{{{}}}", syn, latexlabel(node->sem->view()));
+    const std::string syn = latexlabel(node->syn()->view());
+    if (!node->sem()) return fmt::format("\\synlabel{{{}}}", syn);
+    return fmt::format("\\synsemlabel{{{}}}{{{}}}", syn, latexlabel(node->sem()->view()));
 }
 
 // Writes the node up to where its daughters come; a node without any to write, as a whole.
 void open_node(std::string &out, const Node *node, int depth) {
-    if (!node->lex && !has_daughters_to_write(node)) {
+    if (!node->lex() && !has_daughters_to_write(node)) {
         out += node_label(node);
         return;
     }
     out += "\\setlength{\\GapDepth}{5.5ex}";
     latextabs(out, depth);
-    if (node->dtrs) {
+    if (node->dtrs()) {
         out += "\\setlength{\\GapWidth}{1.8em}";
         latextabs(out, depth);
     }
     out += fmt::format("\\begin{{bundle}}{{{}}}", node_label(node));
     latextabs(out, depth + 1);
-    if (!node->lex) {
+    if (!node->lex()) {
         out += "\\chunk{";
         return;
     }
-    out += fmt::format("\\chunk{{\\lexlabel{{{}}}}}", latexlabel(node->lex->view()));
+    out += fmt::format("\\chunk{{\\lexlabel{{{}}}}}", latexlabel(node->lex()->view()));
     latextabs(out, depth);
     out += "\\end{bundle}";
 }
 
 const Node *next_to_write(const Node *node, bool show_punctuation) {
     const Node *sister = next_shown_sister(node, show_punctuation);
-    return sister && sister->selected ? sister : nullptr;
+    return sister && sister->selected() ? sister : nullptr;
 }
 
 }  // namespace
@@ -92,16 +92,16 @@ void latexbody(std::string &out, const Node *node, int depth, bool show_punctuat
     for (;;) {
         open_node(out, node, depth);
         if (has_daughters_to_write(node)) {
-            node = node->dtrs;
+            node = node->dtrs();
             ++depth;
             continue;
         }
         const Node *next = nullptr;
         for (;;) {
-            if (node->mother && node->mother->selected) out += '}';
+            if (node->mother() && node->mother()->selected()) out += '}';
             next = next_to_write(node, show_punctuation);
             if (next || depth == top) break;
-            node = node->mother;
+            node = node->mother();
             latextabs(out, --depth);
             out += "\\end{bundle}";
         }

@@ -6,9 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 
-#include "model/frontend.hpp"
 #include "prolog/spawn.hpp"
 
 namespace brindle {
@@ -54,9 +52,8 @@ std::string exchange(Fd to, Fd from, std::string_view input) {
 
 }  // namespace
 
-bool fork_n_wait(std::string_view input, std::string &output, const std::vector<std::string> &arguments,
-                 const std::string &directory) {
-    output.clear();
+RunOutput run_once(std::string_view input, const std::vector<std::string> &arguments,
+                   const std::string &directory) {
     SpawnRequest request;
     request.arguments = arguments;
     request.errors_to_output = true;
@@ -64,26 +61,29 @@ bool fork_n_wait(std::string_view input, std::string &output, const std::vector<
     request.not_found = ":file not found.\n";
     request.failure_status = 1;
     Spawned program = spawn(request);
-    if (program.pid < 0) return false;
+    if (program.pid < 0) return {};
     const std::string written = exchange(std::move(program.to), std::move(program.from), input);
     int status = 0;
     while (waitpid(program.pid, &status, 0) < 0 && errno == EINTR) {
     }
-    if (WIFSIGNALED(status)) return false;
-    read_output(output, written);
-    return true;
+    RunOutput output;
+    if (WIFSIGNALED(status)) return output;
+    output.ended = true;
+    output.dropped_chunks = collect_output(output.text, written);
+    return output;
 }
 
-void read_output(std::string &output, std::string_view written) {
+int collect_output(std::string &output, std::string_view written) {
+    int dropped = 0;
     while (!written.empty()) {
         const std::string_view chunk = written.substr(0, chunk_size);
         written.remove_prefix(chunk.size());
-        if (output.size() + chunk.size() <= OUTPUT_MAX - 1) {
+        if (output.size() + chunk.size() <= OUTPUT_MAX - 1)
             output += chunk;
-        } else {
-            frontend->print("Output of program greater then OUTPUT_MAX!");
-        }
+        else
+            ++dropped;
     }
+    return dropped;
 }
 
 }  // namespace brindle

@@ -4,91 +4,83 @@
 
 #include <fmt/printf.h>
 
-#include "model/forest.hpp"
 #include "model/traversal.hpp"
 #include "propose/propose.hpp"
-#include "stats/links.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 
-ProposalResults init_p_results(const SelectionChoice &choice) {
-    ProposalResults results;
-    results.random = choice.random;
-    results.seed = choice.random ? static_cast<int>(choice.seed) : 0;
-    results.from = choice.from;
-    results.to = choice.to;
-    return results;
-}
-
 namespace {
 
-template <class Link>
-int checked_links(const Link *link) {
+int checked_elements(Statistics &statistics, const RankedList &list) {
     int number = 0;
-    for (; link && link->checked_count > 0; link = link->next) ++number;
+    const Unit *u = statistics.first_of(list);
+    for (; u && u->checked_count > 0; u = statistics.next_of_owner(u)) ++number;
     return number;
 }
 
-void count_category(ProposalResults &results, const LabelEntry &entry) {
+void count_label(ProposalResults &results, Statistics &statistics, const LabelEntry &entry) {
     if (entry.kind == LabelKind::SEM) {
         ++results.semantic_types;
     } else if (entry.kind == LabelKind::TERM) {
         ++results.terminal_types;
-        results.terminal_pairs += checked_links(entry.links.first());
+        results.terminal_pairs += checked_elements(statistics, entry.pairs);
     } else {
         ++results.nonterminal_types;
-        results.nonterminal_pairs += checked_links(entry.links.first());
+        results.nonterminal_pairs += checked_elements(statistics, entry.pairs);
         results.nonterminal_tokens += entry.checked_count;
-        results.nonterminal_best += entry.links.first()->checked_count;
+        results.nonterminal_best += statistics.first_of(entry.pairs)->checked_count;
     }
 }
 
-void count_word(ProposalResults &results, const LexEntry &word) {
+void count_word(ProposalResults &results, Statistics &statistics, const LexEntry &word) {
     ++results.lexical_types;
     results.lexical_tokens += word.checked_count;
-    results.lexical_best += word.links.first()->checked_count;
-    results.lexical_pairs += checked_links(word.links.first());
+    results.lexical_best += statistics.first_of(word.units)->checked_count;
+    results.lexical_pairs += checked_elements(statistics, word.units);
+}
+
+int nr_of_checked_trees(const Corpus &corpus) {
+    return static_cast<int>(std::count_if(corpus.trees.begin(), corpus.trees.end(),
+                                          [](const Tree &tree) { return tree.checked; }));
 }
 
 }  // namespace
 
-void get_labels_in_checked_trees(ProposalResults &results) {
-    for (const auto &bucket : table)
+void count_training_set(ProposalResults &results, Corpus &corpus) {
+    Statistics &statistics = *corpus.statistics;
+    results.training_set = nr_of_checked_trees(corpus);
+    for (const auto &bucket : statistics.table)
         for (const LabelEntry *e = bucket.first; e; e = e->next)
-            if (e->checked_count > 0) count_category(results, *e);
-    for (const auto &bucket : lex_table)
+            if (e->checked_count > 0) count_label(results, statistics, *e);
+    for (const auto &bucket : statistics.lex_table)
         for (const LexEntry *w = bucket.first; w; w = w->next)
-            if (w->checked_count > 0) count_word(results, *w);
+            if (w->checked_count > 0) count_word(results, statistics, *w);
 }
 
-int get_nr_of_checked_trees() {
-    return static_cast<int>(
-        std::count_if(forest.begin(), forest.end(), [](const TreeEntry &tree) { return tree.checked; }));
+namespace {
+
+// The tag does not occur with the node's category (and word) in checked trees.
+bool is_unknown(const Corpus &corpus, const Node *node, const Label *tag) {
+    const Unit *unit = corpus.units.find(node->syn(), tag, node->lex());
+    return !unit || unit->checked_count == 0;
 }
 
-bool undo_is_unknown(const Node *node) {
-    LabelEntry *sem = search(node->undo_sem, LabelKind::SEM, MustExist::no);
-    if (!sem) return true;
-    LabelEntry *syn = category_entry(node);
-    if (node->lex) {
-        const LexLink *link = search_lexlink(word_entry(node), syn, sem);
-        return !link || link->checked_count == 0;
-    }
-    const LabelLink *link = search_link(sem, syn);
-    return !link || link->checked_count == 0;
-}
+}  // namespace
 
-long get_p_results(ProposalResults &results, const Node *root) {
+long compare_with_previous(ProposalResults &results, const Corpus &corpus, int tree) {
     long score = 0;
+    Node *const root = corpus.tree(tree).root;
     for (const Node *n = root; n; n = next_in_document(n, root)) {
-        const bool word = n->lex;
+        const bool word = n->lex();
+        const Label *const previous = corpus.undo_of(n).undo_sem;
         ++results.nodes;
         ++(word ? results.terminals : results.nonterminals);
-        if (undo_is_unknown(n)) {
+        if (is_unknown(corpus, n, previous)) {
             ++results.new_nodes;
             ++(word ? results.new_terminals : results.new_nonterminals);
             score += 1000;
-        } else if (n->sem == n->undo_sem) {
+        } else if (n->sem() == previous) {
             ++results.correct_nodes;
             ++(word ? results.correct_terminals : results.correct_nonterminals);
         } else {
@@ -96,16 +88,16 @@ long get_p_results(ProposalResults &results, const Node *root) {
             ++(word ? results.wrong_terminals : results.wrong_nonterminals);
             ++score;
         }
-        if (text_of(n->undo_sem) == NO_MATCH) ++results.no_match_seen;
+        if (text_of(previous) == NO_MATCH) ++results.no_match_seen;
     }
     return score;
 }
 
 namespace {
 
-void count_tree(ProposalResults &results, int tree) {
+void count_tree(ProposalResults &results, const Corpus &corpus, int tree) {
     ++results.trees;
-    const long score = get_p_results(results, forest[static_cast<std::size_t>(tree)].root);
+    const long score = compare_with_previous(results, corpus, tree);
     ++(score == 0 ? results.correct_trees : results.wrong_trees);
     if (score != 0 && score % 1000 == 0) ++results.trees_with_only_new_nodes_wrong;
     if (score <= 999) ++results.trees_without_new_nodes;
@@ -193,24 +185,29 @@ std::string percentages_report(const ProposalResults &r) {
 
 }  // namespace
 
-std::string print_p_results(const ProposalResults &results) {
+std::string report_text(const ProposalResults &results, const std::string &corpus_name) {
     return fmt::sprintf("\nEvaluation of applying the propose function in batch mode to\nthe file: \t%s",
-                        CORPUS) +
+                        corpus_name) +
            training_set_report(results) +
            fmt::sprintf("\n\nRange of trees: from %d to %d", results.from, results.to) +
            counts_report(results) + percentages_report(results);
 }
 
-std::string propose_and_evaluate(const BatchRun &run, const SelectionChoice &choice, int &last) {
-    ProposalResults results = init_p_results(choice);
-    results.training_set = get_nr_of_checked_trees();
-    get_labels_in_checked_trees(results);
-    last = run_batch(run, [&](int tree) {
-        propose_tree(tree);
-        count_tree(results, tree);
+std::string propose_and_evaluate(Run &run, const SelectionChoice &choice, int &last) {
+    Corpus &corpus = run.corpus();
+    ProposalResults results;
+    results.random = choice.random;
+    results.seed = choice.random ? static_cast<int>(choice.seed) : 0;
+    results.from = choice.from;
+    results.to = choice.to;
+    count_training_set(results, corpus);
+    Proposer proposer(corpus);
+    last = run.for_each_tree([&](int tree) {
+        propose_tree(proposer, corpus, tree);
+        count_tree(results, corpus, tree);
     });
-    results.training_set_after = get_nr_of_checked_trees();
-    return print_p_results(results);
+    results.training_set_after = nr_of_checked_trees(corpus);
+    return report_text(results, corpus.name);
 }
 
 }  // namespace brindle

@@ -2,7 +2,7 @@
 // "Propose and evaluate results": proposals held against the annotations that they replace, and the report.
 #include <string>
 
-#include "propose/batch.hpp"
+#include "propose/run.hpp"
 #include "propose/selection.hpp"
 
 namespace brindle {
@@ -49,27 +49,18 @@ struct ProposalResults {
     int training_set_after = 0;
 };
 
-// Counters of a new run: those of the selection, the others 0.
-ProposalResults init_p_results(const SelectionChoice &choice);
+// Counts the labels of the checked trees, and those trees.
+void count_training_set(ProposalResults &results, Corpus &corpus);
 
-// Counts the labels of the checked trees.
-void get_labels_in_checked_trees(ProposalResults &results);
+// Compares the tag of every node of the tree with its undo_sem, counts, and returns the tree's score: 1000
+// for every new node and 1 for every other wrong one.
+long compare_with_previous(ProposalResults &results, const Corpus &corpus, int tree);
 
-// The number of checked trees.
-int get_nr_of_checked_trees();
+// The report's text, which names the corpus' file.
+std::string report_text(const ProposalResults &results, const std::string &corpus_name);
 
-// Compares every node's tag with its undo_sem, counts, and returns the tree's score: 1000 for every new node
-// and 1 for every other wrong one.
-long get_p_results(ProposalResults &results, const Node *root);
-
-// The previous tag (undo_sem) does not occur with the node's category (and word) in checked trees.
-bool undo_is_unknown(const Node *node);
-
-// The report's text. It names CORPUS.
-std::string print_p_results(const ProposalResults &results);
-
-// The whole run: proposes and compares the trees, as run_batch does, and returns the report. `last` gets the
-// tree taken last, -1 if there was none. REQUIRES: begin_batch().
-std::string propose_and_evaluate(const BatchRun &run, const SelectionChoice &choice, int &last);
+// The whole run: proposes and compares the trees, and returns the report. `last` gets the tree taken last, -1
+// if there was none. `choice` is what the run's trees were chosen by.
+std::string propose_and_evaluate(Run &run, const SelectionChoice &choice, int &last);
 
 }  // namespace brindle

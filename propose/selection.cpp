@@ -4,32 +4,30 @@
 #include <cstdlib>
 #include <utility>
 
-#include "model/forest.hpp"
-
 namespace brindle {
 namespace {
 
-bool admits(TreeTypes types, const TreeEntry &tree) {
+bool admits(TreeTypes types, const Tree &tree) {
     return types == TreeTypes::both || tree.checked == (types == TreeTypes::checked);
 }
 
 template <class Take>
-void for_each_covered(const SelectionChoice &choice, Take take) {
+void for_each_covered(const Corpus &corpus, const SelectionChoice &choice, Take take) {
     for (int t = choice.from - 1; t < choice.to; ++t)
-        if (admits(choice.types, forest[static_cast<std::size_t>(t)])) take(t);
+        if (admits(choice.types, corpus.tree(t))) take(t);
 }
 
 }  // namespace
 
-int nr_of_appropriate_trees(const SelectionChoice &choice) {
+int nr_of_appropriate_trees(const Corpus &corpus, const SelectionChoice &choice) {
     int number = 0;
-    for_each_covered(choice, [&](int) { ++number; });
+    for_each_covered(corpus, choice, [&](int) { ++number; });
     return number;
 }
 
-std::vector<int> select_trees(const SelectionChoice &choice) {
+std::vector<int> select_trees(const Corpus &corpus, const SelectionChoice &choice) {
     std::vector<int> trees;
-    for_each_covered(choice, [&](int t) { trees.push_back(t); });
+    for_each_covered(corpus, choice, [&](int t) { trees.push_back(t); });
     if (!choice.random) return trees;
     shake_numbers(trees, choice.seed);
     trees.resize(std::min(trees.size(), static_cast<std::size_t>(choice.size)));

@@ -3,6 +3,8 @@
 #include <span>
 #include <vector>
 
+#include "model/corpus.hpp"
+
 namespace brindle {
 
 // The numbers are those of the choice "Type of trees:".
@@ -18,11 +20,11 @@ struct SelectionChoice {
 };
 
 // How many trees of the range are of the type. 0 when from > to.
-int nr_of_appropriate_trees(const SelectionChoice &choice);
+int nr_of_appropriate_trees(const Corpus &corpus, const SelectionChoice &choice);
 
 // The 0-based numbers of the chosen trees in the order of processing: ascending, or the first `size` of the
 // covered trees shuffled (all of them when there are fewer).
-std::vector<int> select_trees(const SelectionChoice &choice);
+std::vector<int> select_trees(const Corpus &corpus, const SelectionChoice &choice);
 
 // Shuffles with the standard library's generator: srand(seed), then 2n swaps of places drawn with rand. A
 // seed gives the same order again with the same library.

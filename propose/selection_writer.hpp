@@ -3,14 +3,14 @@
 #include <string>
 
 #include "corpus/formats.hpp"
-#include "propose/batch.hpp"
+#include "propose/run.hpp"
 
 namespace brindle {
 
-// Writes the trees of the run to the file, whole or not at all; when BATCH is cleared, the trees written so
+// Writes the trees of the run to the file, whole or not at all; when the run is stopped, the trees written so
 // far are the selection. Changes nothing in the corpus. `last` gets the tree taken last, -1 if there was
-// none. Returns what could not be written; an empty name: nothing. REQUIRES: begin_batch().
-WriteFault write_selection(const BatchRun &run, const std::string &name, CorpusFormat format,
+// none. Returns what could not be written; an empty name: nothing.
+WriteFault write_selection(Run &run, const std::string &name, CorpusFormat format,
                            const EvaluateFormula &evaluate, int &last);
 
 }  // namespace brindle

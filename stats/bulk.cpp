@@ -1,180 +1,192 @@
 #include "stats/bulk.hpp"
 
-#include "model/fetch_ahead.hpp"
-#include "model/traversal.hpp"
-#include "stats/contexts.hpp"
-#include "stats/pools.hpp"
-#include "stats/tables.hpp"
+#include <algorithm>
+#include <utility>
 
 namespace brindle {
 namespace {
 
-// How far ahead of its turn an element of a sum is fetched.
-constexpr std::size_t sums_ahead = 16;
+// Numbers grouped by keys: group k is numbers[start[k]] .. numbers[start[k + 1]], in the order of the
+// numbers.
+struct Groups {
+    std::vector<std::uint32_t> start;
+    std::vector<std::uint32_t> numbers;
 
-// Applies the work to each element, when what `fetch` names has been asked for a while before.
-template <class Element, class Fetch, class Work>
-void for_each_fetched(const std::vector<Element> &elements, Fetch &&fetch, Work &&work) {
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        if (i + sums_ahead < elements.size()) fetch_ahead(fetch(elements[i + sums_ahead]));
-        work(elements[i]);
+    std::span<std::uint32_t> group(std::uint32_t key) {
+        return std::span(numbers).subspan(start[key], start[key + 1] - start[key]);
     }
+};
+
+// Groups the numbers of 1 .. end - 1 for which there is a key (not 0) below `keys`.
+template <class KeyOf>
+Groups group_by(std::uint32_t end, std::uint32_t keys, KeyOf &&key_of) {
+    Groups groups;
+    groups.start.assign(keys + 1, 0);
+    for (std::uint32_t n = 1; n < end; ++n)
+        if (const std::uint32_t key = key_of(n)) ++groups.start[key];
+    std::uint32_t sum = 0;
+    for (std::uint32_t &start : groups.start) start = std::exchange(sum, sum + start);
+    groups.numbers.resize(sum);
+    std::vector<std::uint32_t> at(groups.start);
+    for (std::uint32_t n = 1; n < end; ++n)
+        if (const std::uint32_t key = key_of(n)) groups.numbers[at[key]++] = n;
+    return groups;
 }
 
-template <class Entry>
-void add_counts(Entry *entry, const LabelLink *link) {
-    entry->count += link->count;
-    entry->checked_count += link->checked_count;
+// The first rise of an element that has none yet, or its latest one.
+template <class Stamp>
+void rise(std::int32_t &checked_count, Stamp &stamp, std::int32_t by, Stamp at) {
+    if (by == 0) return;
+    stamp = checked_count == 0 ? at : std::max(stamp, at);
+    checked_count += by;
 }
+
+constexpr std::size_t sums_ahead = 16;  // how far ahead of its turn a context of a sum is asked for
 
 }  // namespace
 
-ReadTree &BulkStoring::room() {
-    Tree &tree = trees_[youngest_];
-    tree.root = nullptr;
-    tree.labels.clear();
-    tree.nodes.clear();
-    return tree;
-}
+BulkCounting::BulkCounting(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
 
-void BulkStoring::store() {
-    advance();
-    youngest_ = (youngest_ + 1) % trees_.size();
-    room();
-}
-
-// Every tree goes one stage further, the oldest, which is done then, first.
-void BulkStoring::advance() {
-    using Stage = void (BulkStoring::*)(Tree &);
-    static constexpr std::array<Stage, nr_of_stages> stages = {
-        &BulkStoring::fetch_labels, &BulkStoring::name,  &BulkStoring::seek,
-        &BulkStoring::fetch_links,  &BulkStoring::count, &BulkStoring::fetch_contexts,
-        &BulkStoring::record};
-    for (std::size_t age = nr_of_stages; age-- > 0;) {
-        Tree &tree = trees_[(youngest_ + trees_.size() - age) % trees_.size()];
-        if (tree.root) (this->*stages[age])(tree);
+void BulkCounting::count_node(Unit *unit, bool checked) {
+    ++stamp_;
+    if (unit->count++ == 0) {
+        units_.push_back(statistics_.number_of(unit));
+        unit->stamp = stamp_;
+        unit->by_tag.group = stamp_;  // of the first node
     }
+    rise(unit->checked_count, unit->stamp, checked, std::int64_t{stamp_});
 }
 
-void BulkStoring::fetch_labels(Tree &tree) {
-    prefetch(tree.labels);
-}
-
-void BulkStoring::name(Tree &tree) {
-    intern(tree.labels);
-    for (const Node *node : tree.nodes)
-        if (node->lex) fetch_ahead(node->lex->word);
-}
-
-void BulkStoring::seek(Tree &tree) {
-    tree.seekers.clear();
-    for (const Node *node : tree.nodes) {
-        LabelEntry *category = label_entry(node->syn, category_kind(node));
-        LabelEntry *tag = label_entry(node->sem, LabelKind::SEM);
-        LexEntry *word = node->lex ? lex_entry(node->lex) : nullptr;
-        const std::uint32_t hash = word ? word->links.hash({category, tag}) : category->links.hash(tag);
-        word ? word->links.prefetch(hash) : category->links.prefetch(hash);
-        tree.seekers.push_back({category, tag, word, hash});
-    }
-}
-
-void BulkStoring::fetch_links(Tree &tree) {
-    for (const Seeker &s : tree.seekers)
-        s.word ? s.word->links.prefetch_element(s.hash) : s.category->links.prefetch_element(s.hash);
-}
-
-// Counts the nodes at their links, and looks for their contexts there.
-void BulkStoring::count(Tree &tree) {
-    for (std::size_t i = 0; i < tree.nodes.size(); ++i) count(tree.nodes[i], tree.seekers[i], tree.checked);
-    tree.places.clear();
-    do_with(tree.root, [&](Node *node) {
-        if (!node->mother) return;
-        Parents *parents = node->lexlink ? &node->lexlink->parents : &node->link->parents;
-        const Context context = context_of(node);
-        const std::uint32_t hash = parents->hash(context);
-        parents->prefetch(hash);
-        tree.places.push_back({node, parents, context, hash});
-    });
-}
-
-void BulkStoring::count(Node *node, const Seeker &s, bool checked) {
-    LexLink *lexlink = s.word ? s.word->links.find({s.category, s.tag}, s.hash) : nullptr;
-    LabelLink *link = lexlink  ? lexlink->link
-                      : s.word ? s.category->links.find(s.tag)
-                               : s.category->links.find(s.tag, s.hash);
-    if (!link) pairs_.push_back(link = new_pair(s.category, s.tag));
-    node->link = link;
-    if (!s.word) return s.category->links.count_one_more(link, checked);
-    if (!lexlink) {
-        lexlink = s.word->links.add({s.category, s.tag}, lex_links);
-        lexlink->link = link;
-        lexlinks_.push_back(lexlink);
-    }
-    node->lexlink = lexlink;
-    s.word->links.count_one_more(lexlink, checked);
-    ++s.word->count;
-    s.word->checked_count += checked;
-}
-
-void BulkStoring::fetch_contexts(Tree &tree) {
-    for (const Place &place : tree.places) place.parents->prefetch_element(place.hash);
-}
-
-void BulkStoring::record(Tree &tree) {
-    for (const Place &place : tree.places) {
-        ParentRecord *record = place.parents->find(place.context, place.hash);
-        if (!record) {
-            record = place.parents->add(place.context, parent_records);
-            if (place.node->lexlink) contexts_.push_back({record, place.node->link});
+void BulkCounting::flush_contexts() {
+    Contexts &contexts = statistics_.contexts;
+    for (const Waiting &w : waiting_) contexts.fetch_record(w.hash);
+    for (const Waiting &w : waiting_) {
+        ++stamp_;
+        std::uint32_t number = contexts.find(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
+        if (!number) {
+            number = contexts.add(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
+            contexts[number].by_unit.group = stamp_;
         }
-        place.parents->count_one_more(record, tree.checked);
+        Context &c = contexts[number];
+        ++c.count;
+        rise(c.checked_count, c.by_unit.group, w.checked, stamp_);
     }
-    tree.root = nullptr;
+    waiting_.clear();
 }
 
-// Four stages again, each some elements ahead of the next.
-void BulkStoring::add_up_contexts() {
-    const std::size_t n = contexts_.size();
-    const auto parents_of = [this](std::size_t i) -> Parents & { return contexts_[i].link->parents; };
-    std::array<std::uint32_t, 4 * sums_ahead> hashes;
-    const auto hash_of = [&](std::size_t i) -> std::uint32_t & { return hashes[i % hashes.size()]; };
-    for (std::size_t i = 0; i < n + 3 * sums_ahead; ++i) {
-        if (i < n) {
-            fetch_ahead(contexts_[i].record);
-            fetch_ahead(contexts_[i].link);
-        }
-        if (const std::size_t second = i - sums_ahead; second < n) {
-            hash_of(second) = parents_of(second).hash(contexts_[second].record->key());
-            parents_of(second).prefetch(hash_of(second));
-        }
-        if (const std::size_t third = i - 2 * sums_ahead; third < n)
-            parents_of(third).prefetch_element(hash_of(third));
-        if (const std::size_t last = i - 3 * sums_ahead; last < n) {
-            const ParentRecord &of_word = *contexts_[last].record;
-            ParentRecord *record = parents_of(last).find(of_word.key(), hash_of(last));
-            if (!record) record = parents_of(last).add(of_word.key(), parent_records);
-            record->add_counts(of_word);
-        }
-    }
-}
-
-BulkStoring::~BulkStoring() {
-    room();
-    for (std::size_t i = 0; i < nr_of_stages; ++i) store();
+void BulkCounting::finish() {
+    flush_contexts();
+    add_up_units();
     add_up_contexts();
-    for_each_fetched(
-        lexlinks_, [](const LexLink *lexlink) { return lexlink->link; },
-        [](const LexLink *lexlink) { lexlink->link->add_counts(*lexlink); });
-    for_each_fetched(
-        pairs_, [](const LabelLink *link) { return link->label; },
-        [](LabelLink *link) {
-            link->twin->add_counts(*link);
-            add_counts(link->label, link);
-            add_counts(link->twin->label, link);
+    rank_units();
+    rank_contexts();
+    statistics_.continue_stamps(stamp_);
+    statistics_.contexts.make_room_for_changes();
+}
+
+// ---------------------------------------------------------------- sums
+
+void BulkCounting::add_up_units() {
+    for (const std::uint32_t number : units_) {
+        Unit &unit = statistics_.unit(number);
+        LabelEntry *category = statistics_.label_entry(unit.syn, unit.category_kind());
+        LabelEntry *tag = statistics_.label_entry(unit.sem, LabelKind::SEM);
+        for (LabelEntry *entry : {category, tag}) {
+            entry->count += unit.count;
+            entry->checked_count += unit.checked_count;
+        }
+        if (unit.lex) {
+            LexEntry *word = statistics_.lex_entry(unit.lex);
+            word->count += unit.count;
+            word->checked_count += unit.checked_count;
+            add_to_pair(unit);
+        } else {
+            pairs_.push_back(number);
+        }
+    }
+}
+
+void BulkCounting::add_to_pair(Unit &unit) {
+    Unit &pair = *unit.pair;
+    if (pair.count == 0) {
+        pairs_.push_back(statistics_.number_of(&pair));
+        pair.stamp = unit.by_tag.group;
+    }
+    pair.count += unit.count;
+    rise(pair.checked_count, pair.stamp, unit.checked_count, unit.stamp);
+}
+
+// The contexts of words, once more for their pairs; three stages, each some contexts ahead of the next.
+void BulkCounting::add_up_contexts() {
+    Contexts &contexts = statistics_.contexts;
+    std::vector<std::uint32_t> of_words;
+    for (std::uint32_t n = 1; n < contexts.end(); ++n)
+        if (statistics_.unit(contexts[n].unit).lex) of_words.push_back(n);
+    std::vector<std::uint32_t> hashes(of_words.size());
+    const std::size_t size = of_words.size();
+    for (std::size_t i = 0; i < size + 2 * sums_ahead; ++i) {
+        if (i < size) {
+            const Context &c = contexts[of_words[i]];
+            const std::uint32_t pair = statistics_.number_of(statistics_.unit(c.unit).pair);
+            hashes[i] = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
+            contexts.fetch_slot(hashes[i]);
+        }
+        if (const std::size_t second = i - sums_ahead; second < size) contexts.fetch_record(hashes[second]);
+        if (const std::size_t last = i - 2 * sums_ahead; last < size) add_to_pair(of_words[last]);
+    }
+}
+
+void BulkCounting::add_to_pair(std::uint32_t number) {
+    Contexts &contexts = statistics_.contexts;
+    const Context c = contexts[number];
+    const std::uint32_t pair = statistics_.number_of(statistics_.unit(c.unit).pair);
+    const std::uint32_t hash = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
+    std::uint32_t sum = contexts.find(hash, pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
+    if (!sum) {
+        sum = contexts.add(hash, pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
+        contexts[sum].by_unit.group = c.by_unit.group;
+    }
+    Context &to = contexts[sum];
+    to.count += c.count;
+    rise(to.checked_count, to.by_unit.group, c.checked_count, c.by_unit.group);
+}
+
+// ---------------------------------------------------------------- order
+
+void BulkCounting::rank_units() {
+    const auto by_rank = [&](std::uint32_t a, std::uint32_t b) {
+        const Unit &x = statistics_.unit(a), &y = statistics_.unit(b);
+        return x.checked_count != y.checked_count ? x.checked_count > y.checked_count : x.stamp < y.stamp;
+    };
+    std::sort(units_.begin(), units_.end(), by_rank);
+    std::sort(pairs_.begin(), pairs_.end(), by_rank);
+    auto owners = statistics_.owner_lists();
+    auto tags = statistics_.tag_lists();
+    for (const std::uint32_t n : units_) {
+        const Unit &unit = statistics_.unit(n);
+        if (unit.lex) owners.append(statistics_.word_entry(&unit)->units, n);
+    }
+    for (const std::uint32_t n : pairs_) {
+        const Unit &pair = statistics_.unit(n);
+        owners.append(statistics_.category_entry(&pair)->pairs, n);
+        tags.append(statistics_.tag_entry(&pair)->pairs, n);
+    }
+}
+
+void BulkCounting::rank_contexts() {
+    Contexts &contexts = statistics_.contexts;
+    Groups lists =
+        group_by(contexts.end(), corpus_.units.end(), [&](std::uint32_t n) { return contexts[n].unit; });
+    auto ranking = statistics_.context_lists();
+    for (std::uint32_t u = 1; u < corpus_.units.end(); ++u) {
+        const std::span<std::uint32_t> list = lists.group(u);
+        std::sort(list.begin(), list.end(), [&](std::uint32_t a, std::uint32_t b) {
+            const Context &x = contexts[a], &y = contexts[b];
+            return x.checked_count != y.checked_count ? x.checked_count > y.checked_count
+                                                      : x.by_unit.group < y.by_unit.group;
         });
-    RankedList<ParentRecord>::make_room_for_changes();
-    LexLinks::make_room_for_changes();
-    LabelLinks::make_room_for_changes();
+        ranking.fill(statistics_.unit(u).contexts, list);
+    }
 }
 
 }  // namespace brindle

@@ -1,90 +1,67 @@
 #pragma once
-// Storing a whole corpus in empty tables.
+// Counting a whole corpus into empty statistics, tree after tree, with the sums at the end.
 //
-// A node is counted at one place only: a terminal at the link of its word, another node at the link of its
-// category, and its mother context in that link's list. Everything else is a sum of these and is added up at
-// the end. So is the order: an element's latest rise is the latest of the rises of those that it sums up.
+// A node is counted at one place only, its unit, and so is its mother context. Everything else is a sum of
+// these and is added up when all trees are there. So is the order: an element that rises becomes the last of
+// its equals, so among equals those come first whose latest rise is the earliest, and the latest rise of a
+// sum is the latest of the rises that it sums up. Each event has a number for that, its stamp.
 //
-// Nearly every look would wait for memory. So a tree is stored in stages, each of which asks memory for what
-// the next one will look at, and the trees go through them as on an assembly line: while one is read, those
-// read before it stand one at each stage.
-#include <array>
+// Nearly every look at a context would wait for memory. So the contexts of some hundred nodes are looked for
+// at once: the slots of all, then the records of all, are asked for before the first is needed.
+#include <cstdint>
+#include <span>
 #include <vector>
 
-#include "model/node.hpp"
-#include "stats/link_records.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 
-// A tree as it has been read: nothing of it is stored, and its nodes' labels are still texts.
-struct ReadTree {
-    Node *root = nullptr;
-    bool checked = false;
-    std::vector<Unnamed> labels;  // the texts must live until the tree is stored
-    std::vector<Node *> nodes;    // in the order in which they are to be stored
-};
-
-// REQUIRES: the tables are empty at its beginning, and nobody reads or changes the statistics otherwise until
-// it goes.
-class BulkStoring {
+class BulkCounting {
   public:
-    BulkStoring() = default;
-    // Stores what is still under way, and adds up.
-    ~BulkStoring();
-    BulkStoring(const BulkStoring &) = delete;
-    BulkStoring &operator=(const BulkStoring &) = delete;
+    // REQUIRES: the statistics are empty, and nobody reads or changes them until `finish`.
+    explicit BulkCounting(Corpus &corpus);
 
-    // The room for the next tree, emptied; it is the storing's own.
-    ReadTree &room();
+    // A node of the tree in hand, its daughters all counted before it.
+    void count_node(Unit *unit, bool checked);
+    // The mother context of a node: those of a mother's daughters from the last to the first, when the mother
+    // has been counted.
+    void record_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr, std::int32_t nr_of_dtrs,
+                        bool checked) {
+        const std::uint32_t own = statistics_.number_of(unit), above = statistics_.number_of(mother);
+        const std::uint32_t hash = context_hash(own, above, dtr_nr, nr_of_dtrs);
+        statistics_.contexts.fetch_slot(hash);
+        waiting_.push_back({own, above, dtr_nr, nr_of_dtrs, hash, checked});
+    }
+    // The contexts recorded so far are counted. Worth it for some hundred at a time.
+    void flush_contexts();
 
-    // Stores the tree in the room, sooner or later: names the labels, stores the nodes, records their mother
-    // contexts in the order of do_with. Sets the nodes' labels, link and lexlink.
-    void store();
+    // How many wait for that.
+    std::size_t waiting() const { return waiting_.size(); }
+
+    // Adds up, and ranks every list.
+    void finish();
 
   private:
-    // A node's entries, and the hash of its link in the list of its word or else its category.
-    struct Seeker {
-        LabelEntry *category;
-        LabelEntry *tag;
-        LexEntry *word;
+    struct Waiting {
+        std::uint32_t unit, mother;
+        std::int32_t dtr_nr, nr_of_dtrs;
         std::uint32_t hash;
-    };
-    // Where a node's mother context is recorded.
-    struct Place {
-        Node *node;
-        Parents *parents;
-        Context context;
-        std::uint32_t hash;
-    };
-    struct Tree : ReadTree {
-        std::vector<Seeker> seekers;  // of the nodes
-        std::vector<Place> places;    // in the order of do_with
-    };
-    // A context of a word, and the link of its category and tag, which has the context too.
-    struct WordContext {
-        const ParentRecord *record;
-        LabelLink *link;
+        bool checked;
     };
 
-    // The stages.
-    void fetch_labels(Tree &tree);
-    void name(Tree &tree);
-    void seek(Tree &tree);
-    void fetch_links(Tree &tree);
-    void count(Tree &tree);
-    void fetch_contexts(Tree &tree);
-    void record(Tree &tree);
-    static constexpr std::size_t nr_of_stages = 7;
-
-    void advance();
-    void count(Node *node, const Seeker &seeker, bool checked);
+    void add_up_units();
+    void add_to_pair(Unit &unit);
     void add_up_contexts();
+    void add_to_pair(std::uint32_t number);
+    void rank_units();
+    void rank_contexts();
 
-    std::array<Tree, nr_of_stages + 1> trees_;  // those at the stages, and the room: the youngest
-    std::size_t youngest_ = 0;
-    std::vector<LabelLink *> pairs_;     // all links of categories
-    std::vector<LexLink *> lexlinks_;    // all links of words
-    std::vector<WordContext> contexts_;  // all contexts of words, in the order in which they first occurred
+    Corpus &corpus_;
+    Statistics &statistics_;
+    std::vector<Waiting> waiting_;
+    std::vector<std::uint32_t> units_;  // those counted, in the order of their first nodes
+    std::vector<std::uint32_t> pairs_;  // likewise
+    std::uint32_t stamp_ = 0;
 };
 
 }  // namespace brindle

@@ -1,166 +1,189 @@
+// Mother contexts, and the indexes of them that the proposal asks.
 #include "stats/contexts.hpp"
 
-#include <array>
-#include <unordered_map>
 #include <vector>
 
-#include "model/forest.hpp"
+#include <tsl/robin_map.h>
+
 #include "model/traversal.hpp"
-#include "stats/pools.hpp"
-#include "stats/tables.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 
-Pool<ParentRecord> parent_records;
+const Context *Statistics::find_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr,
+                                        std::int32_t nr_of_dtrs) const {
+    const std::uint32_t number = contexts.find(number_of(unit), number_of(mother), dtr_nr, nr_of_dtrs);
+    return number ? &contexts[number] : nullptr;
+}
 
-namespace {
+// ---------------------------------------------------------------- one context
 
-using ContextList = RankedList<ParentRecord>;
-
-// Those that entries refer to; no pool can hold them.
-std::unordered_map<const LabelEntry *, CategoryContexts> all_category_contexts;
-
-// A change of one list.
-struct Change {
-    Parents *parents;
-    Context context;
-    std::uint32_t hash;
-};
-
-// The changes of a few nodes, with what they will look at on its way from memory.
-class Changes {
-  public:
-    static constexpr std::size_t most_nodes = 32;
-
-    void prepare(std::span<Node *const> nodes) {
-        for (const Node *node : nodes) {
-            fetch_ahead(node->link);
-            fetch_ahead(node->lexlink);
-        }
-        for (const Node *node : nodes) {
-            if (!node->mother) continue;
-            if (!node->link) fault_in_hashtable();
-            const Context context = context_of(node);
-            if (node->lexlink) add(node->lexlink->parents, context);
-            add(node->link->parents, context);
-        }
-        for (const Change &change : *this) change.parents->prefetch_element(change.hash);
+void Statistics::record(Unit *unit, const Node *node, bool checked) {
+    const Node *const mother = node->mother();
+    const std::uint32_t own = number_of(unit), above = number_of(mother->unit());
+    const std::uint32_t hash = context_hash(own, above, node->position(), mother->nr_of_dtrs());
+    std::uint32_t number = contexts.find(hash, own, above, node->position(), mother->nr_of_dtrs());
+    if (!number) {
+        number = contexts.add(hash, own, above, node->position(), mother->nr_of_dtrs());
+        context_lists().append(unit->contexts, number);
     }
-
-    const Change *begin() const { return changes_.data(); }
-    const Change *end() const { return changes_.data() + size_; }
-
-  private:
-    void add(Parents &parents, const Context &context) {
-        const std::uint32_t hash = parents.hash(context);
-        parents.prefetch(hash);
-        changes_[size_++] = {&parents, context, hash};
-    }
-
-    std::array<Change, 2 * most_nodes> changes_;
-    std::size_t size_ = 0;
-};
-
-void carry_out(const Change &c, ContextChange change) {
-    ParentRecord *record = c.parents->find(c.context, c.hash);
-    if (change == ContextChange::record) {
-        if (!record) record = c.parents->add(c.context, parent_records);
-        c.parents->count_one_more(record, TREE_CHECKED);
-    } else if (!record) {
-        fault_in_hashtable();
-    } else if (change == ContextChange::withdraw) {
-        c.parents->count_one_less(record, TREE_CHECKED, parent_records);
-    } else if (TREE_CHECKED) {
-        c.parents->raise(record);
-    } else {
-        c.parents->lower(record);
-    }
+    ++contexts[number].count;
+    if (checked) move_context(unit, number, 1);
 }
 
-// Keeps the counts of the category's checked contexts, once anybody has asked for them.
-void count_for_category(const Node *node, ContextChange change) {
-    LabelEntry *category = category_entry(node);
-    if (!category->contexts || !node->mother) return;
-    const bool adjust = change == ContextChange::adjust_checked;
-    if (!adjust && !TREE_CHECKED) return;
-    const int by = change == ContextChange::withdraw || (adjust && !TREE_CHECKED) ? -1 : 1;
-    const Context context = context_of(node);
-    const auto path = category->contexts->try_emplace(context.path()).first;
-    TagCounts &tags = path.value();
-    const auto [tag, is_new] = tags.try_emplace(context.sem, by);
-    if (!is_new && (tag.value() += by) == 0) tags.erase(tag);
-    if (tags.empty()) category->contexts->erase(path);
+void Statistics::withdraw(Unit *unit, const Node *node, bool checked) {
+    const Node *const mother = node->mother();
+    const std::uint32_t number =
+        contexts.find(number_of(unit), number_of(mother->unit()), node->position(), mother->nr_of_dtrs());
+    if (!number) fault_in_hashtable();
+    if (checked) move_context(unit, number, -1);
+    if (--contexts[number].count > 0) return;
+    context_lists().remove(unit->contexts, number);
+    contexts.release(number);
 }
 
-}  // namespace
-
-void change_contexts(std::span<Node *const> nodes, ContextChange change) {
-    for (std::size_t from = 0; from < nodes.size(); from += Changes::most_nodes) {
-        const auto some = nodes.subspan(from, std::min(Changes::most_nodes, nodes.size() - from));
-        Changes changes;
-        changes.prepare(some);
-        for (const Change &c : changes) carry_out(c, change);
-        for (const Node *node : some) count_for_category(node, change);
-    }
+void Statistics::move_context(Unit *unit, std::uint32_t number, int by) {
+    Context &c = contexts[number];
+    c.checked_count += by;
+    if (by > 0)
+        context_lists().raised(unit->contexts, number);
+    else
+        context_lists().lowered(unit->contexts, number);
+    if (unit->has_path_lists) path_lists_.moved(number, by);
+    if (!unit->owner) return;
+    if (by > 0 && c.checked_count == 1) below_.add(unit->owner, number);
+    if (by < 0 && c.checked_count == 0) below_.remove(number);
 }
 
-void parent(Node *node) {
-    change_contexts({&node, 1}, ContextChange::record);
+// ---------------------------------------------------------------- a node's contexts
+
+void Statistics::record_context(const Node *node, bool checked) {
+    if (!node->mother()) return;
+    if (node->lex()) record(node->unit(), node, checked);
+    record(node->unit()->pair, node, checked);
 }
 
-void delete_parent(Node *node) {
-    change_contexts({&node, 1}, ContextChange::withdraw);
+void Statistics::withdraw_context(const Node *node, bool checked) {
+    if (!node->mother()) return;
+    if (node->lex()) withdraw(node->unit(), node, checked);
+    withdraw(node->unit()->pair, node, checked);
 }
 
-void record_tree(Node *root) {
+void Statistics::move_checked_counts(Node *root, bool checked) {
+    const int by = checked ? 1 : -1;
     std::vector<Node *> nodes;
     do_with(root, [&](Node *node) { nodes.push_back(node); });
-    change_contexts(nodes, ContextChange::record);
-}
-
-Context context_of(const Node *node) {
-    return {node->mother->syn, node->mother->sem, dtr_nr(node), nr_of_sisters(node)};
-}
-
-ParentRecord *search_parent(const LabelLink *link, const Context &context) {
-    return link->parents.find(context);
-}
-
-ParentRecord *search_lexparent(const LexLink *link, const Context &context) {
-    return link->parents.find(context);
-}
-
-const TagCounts *tags_above(LabelEntry *category, const Path &path) {
-    if (!category->contexts) {
-        category->contexts = &all_category_contexts[category];
-        category->links.for_each([category](const LabelLink *link) {
-            link->parents.for_each([category](const ParentRecord *r) {
-                if (r->checked_count > 0) (*category->contexts)[r->key().path()][r->sem] += r->checked_count;
-            });
-        });
+    for (const Node *node : nodes) {
+        Unit *const unit = node->unit();
+        if (unit->lex) {
+            word_entry(unit)->checked_count += by;
+            move_word(unit, by);
+        }
+        tag_entry(unit)->checked_count += by;
+        category_entry(unit)->checked_count += by;
+        move_pair(unit->pair, by);
     }
-    const auto found = category->contexts->find(path);
-    return found == category->contexts->end() ? nullptr : &found->second;
+    for (const Node *node : nodes) {
+        const Node *const mother = node->mother();
+        if (!mother) continue;
+        Unit *const own[] = {node->unit(), node->unit()->pair};
+        for (Unit *unit : std::span(own).subspan(own[0] == own[1])) {
+            const std::uint32_t number = contexts.find(number_of(unit), number_of(mother->unit()),
+                                                       node->position(), mother->nr_of_dtrs());
+            if (!number) fault_in_hashtable();
+            move_context(unit, number, by);
+        }
+    }
 }
 
-void clear_contexts(Parents &parents) {
-    parents.clear(parent_records);
+// ---------------------------------------------------------------- indexes of paths
+
+void Statistics::make_path_lists(Unit *unit) {
+    path_lists_.add(*unit);
+    unit->has_path_lists = true;
 }
 
-void clear_category_contexts(LabelEntry *category) {
-    if (category->contexts) all_category_contexts.erase(category);
-    category->contexts = nullptr;
+PathContexts Statistics::contexts_on(Unit *unit, const Path &path) {
+    if (!unit->has_path_lists && unit->contexts.length > longest_without_paths) make_path_lists(unit);
+    if (unit->has_path_lists) return path_lists_.find(number_of(unit), path);
+    PathContexts found;
+    for (std::uint32_t n = unit->contexts.first; n && contexts[n].checked_count > 0;
+         n = contexts[n].by_unit.next) {
+        if (!(path_of(contexts[n]) == path)) continue;
+        if (!found.first) found.first = n;
+        found.total += contexts[n].checked_count;
+    }
+    return found;
 }
 
-void reset_contexts() {
-    all_category_contexts.clear();
-    Parents::forget_all_paths();
-    ContextList::forget_all();
-    parent_records.clear();
+std::uint32_t Statistics::next_on_path(std::uint32_t context) const {
+    const Context &c = contexts[context];
+    if (unit(c.unit).has_path_lists) return path_lists_.next(context);
+    std::uint32_t n = c.by_unit.next;
+    while (n && contexts[n].checked_count > 0 && !(path_of(contexts[n]) == path_of(c)))
+        n = contexts[n].by_unit.next;
+    return n && contexts[n].checked_count > 0 ? n : 0;
 }
 
-std::size_t context_bytes() {
-    return parent_records.bytes() + ContextList::bytes();
+std::int32_t Statistics::total_on_path(std::uint32_t context) {
+    Unit &u = unit(contexts[context].unit);
+    if (u.has_path_lists) return path_lists_.total_beside(context);
+    return contexts_on(&u, path_of(contexts[context])).total;
+}
+
+std::uint32_t Statistics::owner_of(LabelEntry *category) {
+    if (!category->owner) add_below(category->pairs, category->owner = below_.make_owner());
+    return category->owner;
+}
+
+std::uint32_t Statistics::owner_of(LexEntry *word) {
+    if (!word->owner) add_below(word->units, word->owner = below_.make_owner());
+    return word->owner;
+}
+
+void Statistics::add_below(const RankedList &units, std::uint32_t owner) {
+    for (Unit *u = first_of(units); u; u = next_of_owner(u)) {
+        u->owner = owner;
+        for (std::uint32_t n = u->contexts.first; n && contexts[n].checked_count > 0;
+             n = contexts[n].by_unit.next)
+            below_.add(owner, n);
+    }
+}
+
+const char *Statistics::fault_in_paths(const Unit *unit) const {
+    if (!unit->has_path_lists) return nullptr;
+    struct Known {
+        std::uint32_t last = 0;
+        std::int32_t total = 0;
+    };
+    tsl::robin_map<Path, Known, PathHash> paths;
+    for (std::uint32_t n = unit->contexts.first; n && contexts[n].checked_count > 0;
+         n = contexts[n].by_unit.next) {
+        Known &known = paths[path_of(contexts[n])];
+        if (path_lists_.previous(n) != known.last) return "a path has other contexts, or in another order";
+        known = {n, known.total + contexts[n].checked_count};
+    }
+    for (const auto &[path, known] : paths) {
+        if (path_lists_.next(known.last)) return "a path has contexts that do not count";
+        if (path_lists_.find(number_of(unit), path).total != known.total)
+            return "the total of a path is wrong";
+        if (const char *fault = path_lists_.fault(number_of(unit), path)) return fault;
+    }
+    return nullptr;
+}
+
+const char *Statistics::fault_below(const RankedList &units, std::uint32_t owner) const {
+    if (!owner) return nullptr;
+    std::uint64_t size = 0;
+    for (std::uint32_t u = units.first; u; u = unit(u).by_owner.next) {
+        if (unit(u).owner != owner) return "a unit has another owner";
+        for (std::uint32_t n = unit(u).contexts.first; n && contexts[n].checked_count > 0;
+             n = contexts[n].by_unit.next) {
+            if (!below_.knows(owner, n)) return "the index by mothers misses a context";
+            ++size;
+        }
+    }
+    return size == below_.size_of(owner) ? nullptr : "the index by mothers has contexts that do not count";
 }
 
 }  // namespace brindle

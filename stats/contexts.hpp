@@ -1,45 +1,94 @@
 #pragma once
-// The mother contexts of nodes, recorded in the lists of their links. A node's own labels and its mother's
-// must be those under which it was recorded. All changes count under TREE_CHECKED.
-#include <span>
+// Mother contexts: under which mothers, and where among their daughters, the nodes of a unit stand.
+//
+// Every unit with a word has its own list of contexts, and the pair of its category and tag has another one
+// for all words; a unit without a word is its own pair. The lists are ranked.
+#include <cstdint>
 
 #include "model/node.hpp"
-#include "stats/link_records.hpp"
+#include "stats/ranked_list.hpp"
 
 namespace brindle {
 
-// Records the node's mother context; nothing for a root. REQUIRES: the node is linked (store, link_labels).
-void parent(Node *node);
-// Withdraws it; a missing one ends the program with "Fault in hashtable!?".
-void delete_parent(Node *node);
+// A place under some mother: whose daughter, which one, of how many.
+struct Context {
+    std::uint32_t unit;       // of the node; a number
+    std::uint32_t mother;     // the mother's unit, a number
+    std::int32_t dtr_nr;      // 1-based position among the daughters
+    std::int32_t nr_of_dtrs;  // number of the mother's daughters
+    std::int32_t count;       // how often nodes of the unit stand there
+    std::int32_t checked_count;
+    RankHook by_unit;
 
-// Records the contexts of a whole tree, in the order of do_with.
-void record_tree(Node *root);
+    bool is(std::uint32_t u, std::uint32_t m, std::int32_t nr, std::int32_t of) const {
+        return unit == u && mother == m && dtr_nr == nr && nr_of_dtrs == of;
+    }
+};
 
-// What happens to the contexts of some nodes, which are taken in their order: many at once cost less than one
-// at a time, for the waits for memory overlap.
-enum class ContextChange { record, withdraw, adjust_checked };
-void change_contexts(std::span<Node *const> nodes, ContextChange change);
+inline std::uint32_t context_hash(std::uint32_t unit, std::uint32_t mother, std::int32_t dtr_nr,
+                                  std::int32_t nr_of_dtrs) {
+    return mix_hash(
+        std::uint64_t{unit} << 32 | mother,
+        std::uint64_t{static_cast<std::uint32_t>(dtr_nr)} << 32 | static_cast<std::uint32_t>(nr_of_dtrs));
+}
 
-// The context of a node among its mother's daughters; REQUIRES: the node has a mother.
-Context context_of(const Node *node);
-// The record of a mother context, or null.
-ParentRecord *search_parent(const LabelLink *link, const Context &context);
-ParentRecord *search_lexparent(const LexLink *link, const Context &context);
+// The contexts of one corpus, interned as long as they are counted.
+class Contexts {
+  public:
+    Contexts() : contexts_(Pages::huge) {}
 
-// The mothers' tags that nodes of the category, whatever their own tags, occur with on the path in checked
-// trees, in no order; null: it does not occur there. The first question about a category builds its index,
-// which every later change keeps.
-const TagCounts *tags_above(LabelEntry *category, const Path &path);
+    Context &operator[](std::uint32_t number) { return contexts_[number]; }
+    const Context &operator[](std::uint32_t number) const { return contexts_[number]; }
+    // One more than the highest number.
+    std::uint32_t end() const { return contexts_.size(); }
 
-// Gives the records of a list back.
-void clear_contexts(Parents &parents);
-// Forgets what tags_above keeps for a category.
-void clear_category_contexts(LabelEntry *category);
-// Forgets all contexts of all lists at once.
-void reset_contexts();
+    // The context's number; 0: it is not there.
+    std::uint32_t find(std::uint32_t unit, std::uint32_t mother, std::int32_t dtr_nr,
+                       std::int32_t nr_of_dtrs) const {
+        return find(context_hash(unit, mother, dtr_nr, nr_of_dtrs), unit, mother, dtr_nr, nr_of_dtrs);
+    }
+    std::uint32_t find(std::uint32_t hash, std::uint32_t unit, std::uint32_t mother, std::int32_t dtr_nr,
+                       std::int32_t nr_of_dtrs) const {
+        return index_.find(hash, [&](std::uint32_t number) {
+            return contexts_[number].is(unit, mother, dtr_nr, nr_of_dtrs);
+        });
+    }
 
-// Bytes held by contexts with their indexes.
-std::size_t context_bytes();
+    // A new context, not counted yet and in no list. REQUIRES: it is not there.
+    std::uint32_t add(std::uint32_t hash, std::uint32_t unit, std::uint32_t mother, std::int32_t dtr_nr,
+                      std::int32_t nr_of_dtrs) {
+        std::uint32_t number = free_;
+        if (number)
+            free_ = contexts_[number].by_unit.next;
+        else
+            number = contexts_.add();
+        contexts_[number] = {unit, mother, dtr_nr, nr_of_dtrs, 0, 0, {}};
+        index_.insert(number, hash);
+        return number;
+    }
+    // Takes a context back that is in no list any more.
+    void release(std::uint32_t number) {
+        Context &c = contexts_[number];
+        index_.erase(number, context_hash(c.unit, c.mother, c.dtr_nr, c.nr_of_dtrs));
+        c = {};
+        c.by_unit.next = free_;
+        free_ = number;
+    }
+
+    // For the reader, which looks for many at once: ask memory for a look-up's slot, later for its record.
+    void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
+    void fetch_record(std::uint32_t hash) const {
+        if (const std::uint32_t number = index_.guess(hash)) fetch_ahead(&contexts_[number]);
+    }
+    // Makes room for a quarter more, so that no change of a person at work waits while the index grows.
+    void make_room_for_changes() { index_.make_room(index_.size() / 4); }
+
+    std::size_t bytes() const { return contexts_.bytes() + index_.bytes(); }
+
+  private:
+    mutable GrowingArray<Context> contexts_;
+    HashIndex index_;
+    std::uint32_t free_ = 0;  // linked by by_unit.next
+};
 
 }  // namespace brindle

@@ -1,35 +1,18 @@
 #include "stats/verify.hpp"
 
 #include <fmt/format.h>
+#include <tsl/robin_map.h>
 
-#include "model/forest.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
-#include "stats/links.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle {
 namespace {
 
-// What a number is the count of. Categories, tags and words are named by their texts' records, so that
-// nothing here relies on the tables or on the references that labels hold into them.
-enum class What {
-    entry,
-    tag_link,
-    category_link,
-    tag_context,
-    word,
-    word_link,
-    word_context,
-    category_context
-};
-
-struct Place {
-    const Label *syn = nullptr;
-    const Label *sem = nullptr;
-    std::int32_t dtr_nr = 0;
-    std::int32_t nr_of_dtrs = 0;
-    bool operator==(const Place &) const = default;
-};
+// What a number is the count of. Everything is named by its texts' records, so that nothing here relies on
+// units or tables.
+enum class What { entry, pair, pair_of_tag, context, word, word_unit, word_context };
 
 struct Key {
     What what;
@@ -37,22 +20,28 @@ struct Key {
     const Label *syn = nullptr;
     const Label *sem = nullptr;
     const Label *lex = nullptr;
-    Place place = {};
+    const Label *mother_syn = nullptr;
+    const Label *mother_sem = nullptr;
+    std::int32_t dtr_nr = 0;
+    std::int32_t nr_of_dtrs = 0;
     bool operator==(const Key &) const = default;
+};
 
-    std::size_t hash() const {
-        const auto kinds = static_cast<std::uint64_t>(what) << 8 | static_cast<std::uint64_t>(kind);
-        const auto numbers =
-            static_cast<std::uint64_t>(place.dtr_nr) << 32 | static_cast<std::uint32_t>(place.nr_of_dtrs);
-        return mix_hash(syn, sem, kinds) ^
-               (mix_hash(lex, place.syn, numbers) + 31 * mix_hash(place.sem, nullptr));
+struct KeyHash {
+    std::size_t operator()(const Key &key) const {
+        const auto number = [](const Label *label) { return reinterpret_cast<std::uintptr_t>(label); };
+        const auto kinds = static_cast<std::uint64_t>(key.what) << 8 | static_cast<std::uint64_t>(key.kind);
+        const auto place =
+            static_cast<std::uint64_t>(key.dtr_nr) << 32 | static_cast<std::uint32_t>(key.nr_of_dtrs);
+        return mix_hash(number(key.syn), number(key.sem), kinds) ^
+               31 * mix_hash(number(key.lex), number(key.mother_syn), place + 7 * number(key.mother_sem));
     }
 };
 
 struct Counts {
     std::int32_t count = 0;
     std::int32_t checked_count = 0;
-    bool met = false;  // the tables have it
+    bool met = false;  // the statistics have it
 };
 
 Key entry_key(const Label *name, LabelKind kind) {
@@ -67,25 +56,25 @@ std::string name_of(const Label *label) {
 
 std::string text_of(const Key &key) {
     static constexpr const char *subjects[] = {
-        "entry", "link category to tag", "link tag to category", "context",
-        "word",  "link of word",         "word context",         "context of category"};
+        "entry", "pair", "pair in the tag's list", "context", "word", "unit of word", "word context"};
     return fmt::format("{}: kind {}, category {}, tag {}, word {}, below {} {} at {} of {}",
                        subjects[static_cast<int>(key.what)], static_cast<int>(key.kind), name_of(key.syn),
-                       name_of(key.sem), name_of(key.lex), name_of(key.place.syn), name_of(key.place.sem),
-                       key.place.dtr_nr, key.place.nr_of_dtrs);
+                       name_of(key.sem), name_of(key.lex), name_of(key.mother_syn), name_of(key.mother_sem),
+                       key.dtr_nr, key.nr_of_dtrs);
 }
 
 class Verifier {
   public:
+    explicit Verifier(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
+
     std::string first_difference() {
-        count_forest();
+        count_trees();
         for (std::uint32_t bucket = 0; bucket < nr_of_buckets && difference_.empty(); ++bucket) {
-            check_chain(table[bucket], bucket);
-            check_chain(lex_table[bucket], bucket);
+            check_chain(statistics_.table[bucket], bucket);
+            check_chain(statistics_.lex_table[bucket], bucket);
         }
         for (auto it = expected_.begin(); it != expected_.end() && difference_.empty(); ++it)
-            if (!it->second.met && it->first.what != What::category_context)
-                report("missing: {}", text_of(it->first));
+            if (!it->second.met) report("missing: {}", text_of(it->first));
         return difference_;
     }
 
@@ -96,45 +85,51 @@ class Verifier {
     }
 
     // The trees.
-    void count_forest();
+    void count_trees();
     void count_node(const Node *node, bool checked);
     void check_node(const Node *node, int tree);
-    void check_links(const Node *node, int tree);
     void expect(const Key &key, bool checked, bool counted = true) {
         Counts &counts = expected_[key];
         counts.count += counted;
         counts.checked_count += checked;
     }
     void expect_reference(const Label *tag) {
-        if (tag) expect(entry_key(tag, LabelKind::SEM), false);
+        if (tag) expect(entry_key(tag, LabelKind::SEM), false, true);
     }
 
-    // The tables.
+    // The statistics.
     template <class Entry>
     void check_chain(const Bucket<Entry> &bucket, std::uint32_t number);
     void check_entry(const LabelEntry *entry);
-    void check_entry(const LexEntry *entry);
-    void check_link(const LabelEntry *entry, const LabelLink *link);
-    void check_parents(const Parents &parents, Key key);
-    void check_category_contexts(const LabelEntry *entry);
-    template <class List>
-    void check_list(const List &list, const Key &owner);
+    void check_tags_of(const LabelEntry *category);
+    void check_categories_of(const LabelEntry *tag);
+    void check_entry(const LexEntry *word);
+    void check_contexts(const Unit *unit, Key key);
+    void check_list(const char *fault, const Key &owner) {
+        if (fault) report("{}: {}", text_of(owner), fault);
+    }
+    void check_rank(const Unit *unit, const Key &key) {
+        const Unit *const next = statistics_.next_of_owner(unit);
+        if (next && next->checked_count > 0 && !Statistics::ranks_before(*unit, *next))
+            report("its stamp is not before the next one's: {}", text_of(key));
+    }
     void compare(const Key &key, std::int32_t count, std::int32_t checked_count);
 
-    tsl::robin_map<Key, Counts, HashOf> expected_;
+    Corpus &corpus_;
+    Statistics &statistics_;
+    tsl::robin_map<Key, Counts, KeyHash> expected_;
     std::string difference_;
 };
 
-void Verifier::count_forest() {
-    if (static_cast<std::size_t>(amount) != forest.size())
-        report("amount is {}, the forest has {} trees", amount, forest.size());
-    for (int t = 0; t < amount && difference_.empty(); ++t) {
-        const TreeEntry &tree = forest[static_cast<std::size_t>(t)];
-        if (!tree.root || tree.root->mother || tree.root->sister || tree.root->position) {
-            report("tree {}: bad root", t + 1);
-            return;
-        }
-        if (tree_of(tree.root) != &tree) report("tree {}: its root is not registered as its own", t + 1);
+Key pair_key(const Unit *unit) {
+    return {What::pair, unit->category_kind(), unit->syn, unit->sem};
+}
+
+void Verifier::count_trees() {
+    for (int t = 0; t < corpus_.amount() && difference_.empty(); ++t) {
+        const Tree &tree = corpus_.tree(t);
+        if (!tree.root || tree.root->mother() || tree.root->sister() || tree.root->position())
+            return report("tree {}: bad root", t + 1);
         for_each_in_subtree(tree.root, [&](const Node *node) {
             check_node(node, t);
             count_node(node, tree.checked);
@@ -143,54 +138,46 @@ void Verifier::count_forest() {
 }
 
 void Verifier::check_node(const Node *node, int tree) {
-    if (!node->syn) report("tree {}, node {}: no category", tree + 1, path_of(node));
-    if (node->lex && node->dtrs) report("tree {}, node {}: a word and daughters", tree + 1, path_of(node));
+    if (node->tree() != tree) report("tree {}, node {}: of another tree", tree + 1, path_of(node));
+    if (node->lex() && node->dtrs())
+        report("tree {}, node {}: a word and daughters", tree + 1, path_of(node));
+    if (corpus_.units.find(node->syn(), node->sem(), node->lex()) != node->unit())
+        report("tree {}, node {}: its unit is not the interned one", tree + 1, path_of(node));
     std::int32_t position = 0;
-    for (const Node *daughter = node->dtrs; daughter; daughter = daughter->sister)
-        if (daughter->mother != node || daughter->position != ++position)
+    for (const Node *daughter = node->dtrs(); daughter; daughter = daughter->sister())
+        if (daughter->mother() != node || daughter->position() != ++position)
             report("tree {}, node {}: daughter {} is linked wrongly", tree + 1, path_of(node), position);
-    if (position != node->nr_of_dtrs)
+    if (position != node->nr_of_dtrs())
         report("tree {}, node {}: {} daughters, noted are {}", tree + 1, path_of(node), position,
-               node->nr_of_dtrs);
-    check_links(node, tree);
-}
-
-// The node's own references to where it is counted.
-void Verifier::check_links(const Node *node, int tree) {
-    const LabelLink *link = node->link;
-    if (!link || link->label->name != node->sem || link->twin->label->name != node->syn ||
-        link->twin->label->kind != category_kind(node))
-        return report("tree {}, node {}: refers to another link", tree + 1, path_of(node));
-    const LexEntry *word = node->lex ? node->lex->word : nullptr;
-    const LexLink *lexlink = word ? search_lexlink(word, link->twin->label, link->label) : nullptr;
-    if (lexlink != node->lexlink)
-        report("tree {}, node {}: refers to another link of its word", tree + 1, path_of(node));
+               node->nr_of_dtrs());
 }
 
 void Verifier::count_node(const Node *node, bool checked) {
-    const LabelKind kind = category_kind(node);
-    expect(entry_key(node->syn, kind), checked);
-    expect(entry_key(node->sem, LabelKind::SEM), checked);
-    expect_reference(node->undo_sem);
-    expect_reference(node->orig_sem);
-    Key key{What::tag_link, kind, node->syn, node->sem};
+    const Unit *const unit = node->unit();
+    expect(entry_key(unit->syn, unit->category_kind()), checked);
+    expect(entry_key(unit->sem, LabelKind::SEM), checked);
+    expect_reference(corpus_.undo_of(node).undo_sem);
+    expect_reference(corpus_.undo_of(node).orig_sem);
+    Key key = pair_key(unit);
     expect(key, checked);
-    key.what = What::category_link;
+    key.what = What::pair_of_tag;
     expect(key, checked);
-    if (node->mother) {
-        key.place = {node->mother->syn, node->mother->sem, node->position, node->mother->nr_of_dtrs};
-        key.what = What::tag_context;
+    if (unit->lex) {
+        expect({What::word, LabelKind::TERM, nullptr, nullptr, unit->lex}, checked);
+        key.what = What::word_unit;
+        key.lex = unit->lex;
         expect(key, checked);
-        if (checked) expect({What::category_context, kind, node->syn, nullptr, nullptr, key.place}, true);
     }
-    if (!node->lex) return;
-    key.lex = node->lex;
+    if (!node->mother()) return;
+    key.mother_syn = node->mother()->syn();
+    key.mother_sem = node->mother()->sem();
+    key.dtr_nr = node->position();
+    key.nr_of_dtrs = node->mother()->nr_of_dtrs();
     key.what = What::word_context;
-    if (node->mother) expect(key, checked);
-    key.place = {};
-    key.what = What::word_link;
+    if (unit->lex) expect(key, checked);
+    key.lex = nullptr;
+    key.what = What::context;
     expect(key, checked);
-    expect({What::word, kind, nullptr, nullptr, node->lex}, checked);
 }
 
 void Verifier::compare(const Key &key, std::int32_t count, std::int32_t checked_count) {
@@ -219,76 +206,88 @@ void Verifier::check_chain(const Bucket<Entry> &bucket, std::uint32_t number) {
 void Verifier::check_entry(const LabelEntry *entry) {
     const Key own = entry_key(entry->name, entry->kind);
     compare(own, entry->count, entry->checked_count);
-    if (search(entry->name, entry->kind, MustExist::no) != entry)
+    if (statistics_.find(entry->name, entry->kind) != entry)
         report("its label does not name it: {}", text_of(own));
-    check_list(entry->links, own);
-    entry->links.for_each([&](const LabelLink *link) { check_link(entry, link); });
-    check_category_contexts(entry);
+    if (entry->kind == LabelKind::SEM)
+        check_categories_of(entry);
+    else
+        check_tags_of(entry);
 }
 
-void Verifier::check_link(const LabelEntry *entry, const LabelLink *l) {
-    const bool is_tag = entry->kind == LabelKind::SEM;
-    Key key{is_tag ? What::category_link : What::tag_link, is_tag ? l->label->kind : entry->kind};
-    key.syn = is_tag ? l->label->name : entry->name;
-    key.sem = is_tag ? entry->name : l->label->name;
-    compare(key, l->count, l->checked_count);
-    if (l->name != l->label->name) report("its name is not its label's: {}", text_of(key));
-    if (l->twin->twin != l || l->twin->label != entry) report("not linked to its twin: {}", text_of(key));
-    if (is_tag && l->parents.first()) report("contexts on a tag's link: {}", text_of(key));
-    key.what = What::tag_context;
-    check_parents(l->parents, key);
+void Verifier::check_tags_of(const LabelEntry *category) {
+    check_list(statistics_.owner_lists().fault(category->pairs), entry_key(category->name, category->kind));
+    for (const Unit *u = statistics_.first_of(category->pairs); u; u = statistics_.next_of_owner(u)) {
+        Key key = pair_key(u);
+        if (u->pair != u || u->lex || statistics_.category_entry(u) != category)
+            report("in the list of another category: {}", text_of(key));
+        compare(key, u->count, u->checked_count);
+        check_rank(u, key);
+        key.what = What::context;
+        check_contexts(u, key);
+    }
+    check_list(statistics_.fault_below(category->pairs, category->owner),
+               entry_key(category->name, category->kind));
 }
 
-void Verifier::check_entry(const LexEntry *entry) {
-    const Key own{What::word, LabelKind::TERM, nullptr, nullptr, entry->name};
-    compare(own, entry->count, entry->checked_count);
-    if (entry->name->word != entry) report("its label does not name it: {}", text_of(own));
-    check_list(entry->links, own);
-    entry->links.for_each([&](const LexLink *l) {
-        Key key{What::word_link, l->syn->kind, l->syn->name, l->sem->name, entry->name};
-        compare(key, l->count, l->checked_count);
-        if (search_link(l->syn, l->sem) != l->link) report("names another link: {}", text_of(key));
+void Verifier::check_categories_of(const LabelEntry *tag) {
+    const Key own = entry_key(tag->name, tag->kind);
+    check_list(statistics_.tag_lists().fault(tag->pairs), own);
+    std::int64_t count = 0, checked_count = 0;
+    for (const Unit *u = statistics_.first_of(tag->pairs); u; u = statistics_.next_of_tag(u)) {
+        Key key = pair_key(u);
+        key.what = What::pair_of_tag;
+        if (u->pair != u || statistics_.tag_entry(u) != tag) report("in another's list: {}", text_of(key));
+        compare(key, u->count, u->checked_count);
+        count += u->count;
+        checked_count += u->checked_count;
+    }
+    if (count > tag->count || checked_count != tag->checked_count)
+        report("{}: its list sums up to {} ({} checked)", text_of(own), count, checked_count);
+}
+
+void Verifier::check_entry(const LexEntry *word) {
+    const Key own{What::word, LabelKind::TERM, nullptr, nullptr, word->name};
+    compare(own, word->count, word->checked_count);
+    if (word->name->word != word) report("its label does not name it: {}", text_of(own));
+    check_list(statistics_.owner_lists().fault(word->units), own);
+    check_list(statistics_.fault_below(word->units, word->owner), own);
+    for (const Unit *u = statistics_.first_of(word->units); u; u = statistics_.next_of_owner(u)) {
+        Key key = pair_key(u);
+        key.what = What::word_unit;
+        key.lex = word->name;
+        if (u->lex != word->name) report("in the list of another word: {}", text_of(key));
+        compare(key, u->count, u->checked_count);
+        check_rank(u, key);
+        if (corpus_.units.find_pair(u->syn, LabelKind::TERM, u->sem) != u->pair)
+            report("names another pair: {}", text_of(key));
         key.what = What::word_context;
-        check_parents(l->parents, key);
-    });
+        check_contexts(u, key);
+    }
 }
 
-void Verifier::check_parents(const Parents &parents, Key key) {
-    check_list(parents, key);
-    parents.for_each([&](const ParentRecord *r) {
-        key.place = {r->syn, r->sem, r->dtr_nr, r->nr_of_dtrs};
-        compare(key, r->count, r->checked_count);
-    });
-}
-
-// These counts exist only for categories that tags_above has been asked about.
-void Verifier::check_category_contexts(const LabelEntry *entry) {
-    if (!entry->contexts) return;
-    for (const auto &[path, tags] : *entry->contexts)
-        for (const auto &[sem, count] : tags) {
-            const Place place{path.syn, sem, path.dtr_nr, path.nr_of_dtrs};
-            compare({What::category_context, entry->kind, entry->name, nullptr, nullptr, place}, count,
-                    count);
-        }
-    entry->links.for_each([&](const LabelLink *l) {
-        l->parents.for_each([&](const ParentRecord *r) {
-            if (r->checked_count == 0) return;
-            const auto path = entry->contexts->find(r->key().path());
-            if (path == entry->contexts->end() || !path->second.contains(r->sem))
-                report("a context is missing: {}", text_of(entry_key(entry->name, entry->kind)));
-        });
-    });
-}
-
-template <class List>
-void Verifier::check_list(const List &list, const Key &owner) {
-    if (const char *fault = list.fault()) report("{}: {}", text_of(owner), fault);
+void Verifier::check_contexts(const Unit *unit, Key key) {
+    check_list(statistics_.context_lists().fault(unit->contexts), key);
+    check_list(statistics_.fault_in_paths(unit), key);
+    const std::uint32_t own = statistics_.number_of(unit);
+    const Contexts &contexts = statistics_.contexts;
+    for (std::uint32_t n = unit->contexts.first; n; n = contexts[n].by_unit.next) {
+        const Context &c = contexts[n];
+        const Unit &mother = statistics_.unit(c.mother);
+        key.mother_syn = mother.syn;
+        key.mother_sem = mother.sem;
+        key.dtr_nr = c.dtr_nr;
+        key.nr_of_dtrs = c.nr_of_dtrs;
+        if (c.unit != own) report("in the list of another unit: {}", text_of(key));
+        if (contexts.find(own, c.mother, c.dtr_nr, c.nr_of_dtrs) != n)
+            report("the index misses: {}", text_of(key));
+        compare(key, c.count, c.checked_count);
+    }
 }
 
 }  // namespace
 
-std::string verify_tables() {
-    return Verifier().first_difference();
+std::string verify(Corpus &corpus) {
+    return Verifier(corpus).first_difference();
 }
 
 }  // namespace brindle

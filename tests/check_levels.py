@@ -5,16 +5,8 @@ import re
 import sys
 from pathlib import Path
 
-CORE = ["model", "stats", "corpus", "wordgraph", "editor", "propose", "prolog", "display"]
-BELOW = {
-    "model": [],
-    "stats": ["model"],
-    "corpus": ["model", "stats"],
-    "wordgraph": ["model", "stats", "corpus"],
-    "editor": ["model", "stats", "corpus", "wordgraph"],
-    "propose": ["model", "stats", "corpus", "wordgraph", "editor"],
-    "prolog": ["model", "stats", "corpus", "wordgraph", "editor", "propose"],
-    "display": ["model", "stats", "corpus", "wordgraph", "editor", "propose", "prolog"],
+CORE = ["base", "model", "stats", "corpus", "edit", "propose", "prolog", "display"]
+BELOW = {folder: CORE[:place] for place, folder in enumerate(CORE)} | {
     "toolkit": [],
     "gui": CORE + ["toolkit"],
     "commands": CORE + ["toolkit", "gui"],

@@ -1,14 +1,5 @@
 // The table of actions.
-#include "app/batch/edit_script.hpp"
-#include "app/batch/filter.hpp"
-#include "app/batch/latex_action.hpp"
-#include "app/batch/layout_action.hpp"
-#include "app/batch/options.hpp"
-#include "app/batch/runs.hpp"
-#include "app/batch/search_action.hpp"
-#include "app/batch/statistics.hpp"
-#include "app/batch/validate.hpp"
-#include "app/batch/write_action.hpp"
+#include "app/batch/actions.hpp"
 
 namespace brindle::batch {
 

@@ -1,19 +1,16 @@
-#include "app/batch/edit_script.hpp"
-
+// `edit`: the operations of a script, a line each, carried out in order.
 #include <charconv>
 #include <stdexcept>
 
 #include <fmt/format.h>
 
+#include "app/batch/actions.hpp"
 #include "app/batch/session.hpp"
-#include "app/batch/statistics.hpp"
-#include "editor/replacement.hpp"
-#include "model/forest.hpp"
-#include "model/label_rules.hpp"
+#include "app/batch/shell.hpp"
+#include "edit/change.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
-#include "propose/batch.hpp"
-#include "stats/changes.hpp"
+#include "propose/run.hpp"
 
 namespace brindle::batch {
 namespace {
@@ -23,10 +20,13 @@ struct Refusal : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-// The fields of a line, taken one after another; fields are separated by one blank.
+// The fields of a line, taken one after another; fields are separated by one blank. Trees and nodes are those
+// of the corpus that the line is for.
 class Fields {
   public:
-    explicit Fields(std::string_view line) : rest_(line) {}
+    Fields(Corpus &given, std::string_view line) : corpus(given), rest_(line) {}
+
+    Corpus &corpus;
 
     std::string_view word(const char *what) {
         if (at_end_) throw Refusal(fmt::format("{} expected", what));
@@ -43,14 +43,15 @@ class Fields {
         const std::string_view field = word("TREE");
         int number = 0;
         const auto [end, fault] = std::from_chars(field.data(), field.data() + field.size(), number);
-        if (fault != std::errc() || end != field.data() + field.size() || number < 1 || number > amount)
+        if (fault != std::errc() || end != field.data() + field.size() || number < 1 ||
+            number > corpus.amount())
             throw Refusal(fmt::format("no tree {} in this corpus", field));
         return number - 1;
     }
 
     Node *node(int tree) {
         const std::string_view field = word("PATH");
-        if (Node *node = node_at(root(tree), field)) return node;
+        if (Node *node = node_at(corpus.tree(tree).root, field)) return node;
         throw Refusal(fmt::format("no node {} in tree {}", field, tree + 1));
     }
 
@@ -71,43 +72,31 @@ class Fields {
         if (!at_end_) throw Refusal(fmt::format("unexpected \"{}\"", rest_));
     }
 
-    static Node *root(int tree) { return forest[static_cast<std::size_t>(tree)].root; }
-
   private:
     std::string_view rest_;
     bool at_end_ = false;
 };
 
-TreeCheckedScope scope_of(int tree) {
-    return TreeCheckedScope(forest[static_cast<std::size_t>(tree)]);
+void refuse_if(const std::optional<std::string> &refusal) {
+    if (refusal) throw Refusal(*refusal);
 }
 
 void do_tag(Fields &fields) {
-    const int tree = fields.tree();
-    Node *node = fields.node(tree);
+    Node *node = fields.node(fields.tree());
     const std::string_view text = fields.text();
-    if (text == text_of(node->sem)) return;
-    if (const auto reason = refuse_tag(text)) throw Refusal(*reason);
-    const auto scope = scope_of(tree);
-    new_label(node, text, nullptr);
+    if (text != text_of(node->sem())) refuse_if(set_tag(fields.corpus, node, text));
 }
 
 void do_category(Fields &fields) {
-    const int tree = fields.tree();
-    Node *node = fields.node(tree);
+    Node *node = fields.node(fields.tree());
     const std::string_view text = fields.text();
-    if (text.empty() || text == node->syn->view()) return;
-    if (const auto reason = refuse_category(text)) throw Refusal(*reason);
-    const auto scope = scope_of(tree);
-    change_cat(node, text, nullptr);
+    if (text != node->syn()->view()) refuse_if(set_category(fields.corpus, node, text));
 }
 
 void do_undo(Fields &fields) {
-    const int tree = fields.tree();
-    Node *node = fields.node(tree);
+    Node *node = fields.node(fields.tree());
     fields.end();
-    const auto scope = scope_of(tree);
-    undo_last(node, nullptr);
+    undo_last(fields.corpus, node);
 }
 
 // `undo-all` and `clear`: on a node, or on every node of a tree.
@@ -116,41 +105,35 @@ void on_node_or_tree(Fields &fields, Operation operation) {
     const int tree = fields.tree();
     Node *node = fields.node_or_all(tree);
     fields.end();
-    const auto scope = scope_of(tree);
+    Corpus &corpus = fields.corpus;
     if (node)
-        operation(node);
+        operation(corpus, node);
     else
-        do_with(Fields::root(tree), operation);
+        do_with(corpus.tree(tree).root, [&](Node *n) { operation(corpus, n); });
 }
 
 void do_copy(Fields &fields) {
-    const int from_tree = fields.tree();
-    const Node *from = fields.node(from_tree);
-    const int to_tree = fields.tree();
-    Node *to = fields.node(to_tree);
+    const Node *from = fields.node(fields.tree());
+    Node *to = fields.node(fields.tree());
     fields.end();
-    if (from == to) return;
-    const auto scope = scope_of(to_tree);
-    new_label(to, text_of(from->sem), nullptr);
+    if (from != to) refuse_if(set_tag(fields.corpus, to, text_of(from->sem())));
 }
 
 void do_bracket(Fields &fields) {
-    const int tree = fields.tree();
-    Node *node = fields.node(tree);
-    const std::string message = replace_subtree(tree, node, std::string(fields.text()) + "\n");
-    if (!message.empty()) throw Refusal(message);
+    Node *node = fields.node(fields.tree());
+    refuse_if(replace_subtree(fields.corpus, node, std::string(fields.text()) + "\n"));
 }
 
 void do_propose(Fields &fields) {
     const int tree = fields.tree();
     fields.end();
-    propose_tree(tree);
+    propose_tree(fields.corpus, tree);
 }
 
 void do_check(Fields &fields, bool checked) {
     const int tree = fields.tree();
     fields.end();
-    set_checked(tree, checked);
+    set_checked(fields.corpus, tree, checked);
 }
 
 struct Operation {
@@ -163,19 +146,19 @@ constexpr Operation operations[] = {
     {"category", do_category},
     {"undo", do_undo},
     {"undo-all", [](Fields &f) { on_node_or_tree(f, undo_all); }},
-    {"clear", [](Fields &f) { on_node_or_tree(f, [](Node *node) { clear(node, nullptr); }); }},
+    {"clear", [](Fields &f) { on_node_or_tree(f, clear); }},
     {"copy", do_copy},
     {"bracket", do_bracket},
     {"check", [](Fields &f) { do_check(f, true); }},
     {"uncheck", [](Fields &f) { do_check(f, false); }},
     {"propose", do_propose},
-    {"saved", [](Fields &f) { f.end(), reset_edits(); }},
+    {"saved", [](Fields &f) { f.end(), f.corpus.forget_edits(); }},
 };
 
 }  // namespace
 
-std::string carry_out(std::string_view line) {
-    Fields fields(line);
+std::string carry_out(Corpus &corpus, std::string_view line) {
+    Fields fields(corpus, line);
     try {
         const std::string_view name = fields.word("an operation");
         for (const Operation &operation : operations)
@@ -187,7 +170,7 @@ std::string carry_out(std::string_view line) {
 }
 
 int run_edit(const Options &options) {
-    load(options);
+    Session session(options);
     std::string script;
     if (!take_in(options.script, script)) return failed;
     std::string_view rest = script;
@@ -197,12 +180,12 @@ int run_edit(const Options &options) {
         rest = end == std::string_view::npos ? std::string_view() : rest.substr(end + 1);
         if (line.ends_with('\r')) line.remove_suffix(1);
         if (line.empty() || line.front() == '#') continue;
-        const std::string message = carry_out(line);
+        const std::string message = carry_out(session.corpus, line);
         if (message.empty()) continue;
         fmt::print(stderr, "{}:{}: {}\n", options.script, line_nr, for_terminal(message));
         return failed;
     }
-    return options.tables ? put_out(options, tables_text()) : put_out_corpus(options);
+    return options.tables ? session.put_out(tables_text(session.corpus)) : session.put_out_corpus();
 }
 
 }  // namespace brindle::batch

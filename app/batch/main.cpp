@@ -6,10 +6,10 @@
 
 #include <fmt/format.h>
 
+#include "app/batch/actions.hpp"
 #include "app/batch/help.hpp"
-#include "app/batch/options.hpp"
-#include "model/output_file.hpp"
-#include "model/text.hpp"
+#include "base/output_file.hpp"
+#include "base/text.hpp"
 
 namespace brindle::batch {
 namespace {

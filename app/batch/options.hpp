@@ -1,7 +1,6 @@
 #pragma once
-// What a person can ask of brindle-batch: the options as parsed, and the table of actions.
+// What a person can ask of brindle-batch: the options as parsed.
 #include <optional>
-#include <span>
 #include <string>
 
 namespace brindle::batch {
@@ -29,33 +28,6 @@ struct Options {
     bool roots = false, substring = false, tables = false, punctuation = false;
     int tree = 1, start = 1;
 };
-
-// Which options an action takes, beside the common ones.
-enum Takes : unsigned {
-    nothing_more = 0,
-    selection = 1,
-    write_format = 2,
-    report_file = 4,
-    filter_options = 8,
-    search_options = 16,
-    script_file = 32,
-    one_tree = 64,
-    node_path = 128,
-    punctuation_flag = 256,
-    size_choice = 512,
-    no_corpus = 1024,
-};
-
-struct Action {
-    const char *name;
-    const char *help;     // one line for --help
-    const char *details;  // more, for ACTION --help
-    unsigned takes;
-    int (*run)(const Options &);
-};
-
-// All actions, in the order of --help.
-std::span<const Action> actions();
 
 // A mistake in the command line that only the corpus shows (a tree number too high): main prints it with the
 // usage line and exits with 2.

@@ -1,9 +1,8 @@
-#include "app/batch/runs.hpp"
-
-#include "app/batch/progress.hpp"
+// What works through a selection of trees and then writes the whole corpus.
+#include "app/batch/actions.hpp"
 #include "app/batch/session.hpp"
-#include "prolog/subtrees.hpp"
-#include "propose/batch.hpp"
+#include "app/batch/shell.hpp"
+#include "prolog/expansion.hpp"
 #include "propose/report.hpp"
 
 namespace brindle::batch {
@@ -11,54 +10,51 @@ namespace {
 
 // Runs an action over the selection, with a progress bar. Returns `done`, or `failed` when something was told
 // at a node.
-int run_over_selection(const Options &options, const std::function<void(const BatchRun &)> &action) {
-    ShellFrontEnd shell(options.quiet);
-    frontend = &shell;
-    BatchRun run;
-    run.trees = selected_trees(options);
-    begin_batch();
-    action(run);
-    end_batch();
-    frontend = silent_frontend();
-    return shell.errors() > 0 ? failed : done;
+template <class Work>
+int run_over_selection(Session &session, Work &&work) {
+    RunDisplay display(session.options.quiet);
+    Run run(session.corpus, session.selected_trees(), display.hooks());
+    work(run, display);
+    return display.errors() > 0 ? failed : done;
 }
 
 // The same on a corpus that is written afterwards.
-int run_and_write(const Options &options, const std::function<void(const BatchRun &)> &action) {
-    load(options);
-    const int status = run_over_selection(options, action);
-    return put_out_corpus(options) == done ? status : failed;
+template <class Work>
+int run_and_write(const Options &options, Work &&work) {
+    Session session(options);
+    const int status = run_over_selection(session, work);
+    return session.put_out_corpus() == done ? status : failed;
 }
 
 }  // namespace
 
 int run_check(const Options &options) {
-    return run_and_write(options, check_all);
+    return run_and_write(options, [](Run &run, RunDisplay &) { check_all(run); });
 }
 
 int run_uncheck(const Options &options) {
-    return run_and_write(options, uncheck_all);
+    return run_and_write(options, [](Run &run, RunDisplay &) { uncheck_all(run); });
 }
 
 int run_propose(const Options &options) {
-    return run_and_write(options, propose_all);
+    return run_and_write(options, [](Run &run, RunDisplay &) { propose_all(run); });
 }
 
 int run_expand(const Options &options) {
-    return run_and_write(options, [](const BatchRun &run) {
-        expand_all(run, [](Node *root, TreeView *view) { expand_into_tags(root, view); });
+    return run_and_write(options, [](Run &run, RunDisplay &display) {
+        expand_all(run, [&](const ExpansionError &error) { display.tell_at(error.node, error.message); });
     });
 }
 
 int run_evaluate(const Options &options) {
-    load(options);
+    Session session(options);
     std::string report;
-    run_over_selection(options, [&](const BatchRun &run) {
+    run_over_selection(session, [&](Run &run, RunDisplay &) {
         int last = -1;
-        report = propose_and_evaluate(run, selection_choice(options), last);
+        report = propose_and_evaluate(run, session.selection_choice(), last);
     });
     if (put_out(options.report, report) != done) return failed;
-    return options.output_given ? put_out_corpus(options) : done;
+    return options.output_given ? session.put_out_corpus() : done;
 }
 
 }  // namespace brindle::batch

@@ -1,12 +1,12 @@
-#include "app/batch/search_action.hpp"
-
+// `search`, with and without a replacement.
 #include <iterator>
 
 #include <fmt/format.h>
 
+#include "app/batch/actions.hpp"
 #include "app/batch/session.hpp"
+#include "app/batch/shell.hpp"
 #include "display/search.hpp"
-#include "model/forest.hpp"
 #include "model/path.hpp"
 
 namespace brindle::batch {
@@ -25,38 +25,38 @@ LabelKind kind_of(const Options &options) {
 }
 
 // The pattern, or nothing after messages.
-std::optional<Pattern> pattern_of(const Options &options) {
-    Addresses addresses =
-        init_adresses(request_of(options), [&](const std::string &) { return kind_of(options); });
+std::optional<Pattern> pattern_of(const Session &session) {
+    const Options &options = session.options;
+    Addresses addresses = init_adresses(session.corpus, request_of(options),
+                                        [&](const std::string &) { return kind_of(options); });
     for (const SearchMessage &message : addresses.messages) complain(message.text);
     return std::move(addresses.pattern);
 }
 
-int list_matches(const Options &options, ForestSearch search) {
+int list_matches(const Session &session, CorpusSearch &search) {
     std::string text;
     while (const auto match = search.next())
         fmt::format_to(std::back_inserter(text), "{}\t{}\t{}\t{}\t{}\n", match->tree + 1,
-                       path_of(match->node), text_of(match->node->syn), text_of(match->node->sem),
-                       text_of(match->node->lex));
-    return put_out(options, text);
+                       path_of(match->node), text_of(match->node->syn()), text_of(match->node->sem()),
+                       text_of(match->node->lex()));
+    return session.put_out(text);
 }
 
-int replace_matches(const Options &options, ReplaceChoice choice, ForestSearch search) {
-    const SearchRequest request = request_of(options);
+int replace_matches(Session &session, ReplaceChoice choice, CorpusSearch &search) {
+    const SearchRequest request = request_of(session.options);
     while (const auto match = search.next()) {
-        const TreeEntry &tree = forest[static_cast<std::size_t>(match->tree)];
-        if (const auto refusal = replace_at(tree, match->node, request, choice, options.with, nullptr)) {
-            complain(fmt::format("tree {}, node {}: {}", match->tree + 1, path_of(match->node), *refusal));
-            return failed;
-        }
+        const auto refusal = replace_at(session.corpus, match->node, request, choice, session.options.with);
+        if (!refusal) continue;
+        complain(fmt::format("tree {}, node {}: {}", match->tree + 1, path_of(match->node), *refusal));
+        return failed;
     }
-    return put_out_corpus(options);
+    return session.put_out_corpus();
 }
 
 }  // namespace
 
 int run_search(const Options &options) {
-    load(options);
+    Session session(options);
     const ReplaceChoice choice =
         options.replace == "syntax" ? ReplaceChoice::syntax : ReplaceChoice::semantics;
     if (!options.replace.empty())
@@ -64,12 +64,12 @@ int run_search(const Options &options) {
             complain(*refusal);
             return failed;
         }
-    const int start = amount == 0 && options.start == 1 ? 0 : tree_index(options.start);
-    std::optional<Pattern> pattern = pattern_of(options);
+    const int start =
+        session.corpus.amount() == 0 && options.start == 1 ? 0 : session.tree_index(options.start);
+    std::optional<Pattern> pattern = pattern_of(session);
     if (!pattern) return failed;
-    ForestSearch search(std::move(*pattern), start);
-    return options.replace.empty() ? list_matches(options, std::move(search))
-                                   : replace_matches(options, choice, std::move(search));
+    CorpusSearch search(session.corpus, std::move(*pattern), start);
+    return options.replace.empty() ? list_matches(session, search) : replace_matches(session, choice, search);
 }
 
 }  // namespace brindle::batch

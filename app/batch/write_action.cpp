@@ -1,15 +1,13 @@
-#include "app/batch/write_action.hpp"
-
+// `write`: the corpus, or a selection of its trees, in one of the formats of "Save as".
 #include <numeric>
 
-#include "app/batch/progress.hpp"
+#include "app/batch/actions.hpp"
 #include "app/batch/session.hpp"
+#include "app/batch/shell.hpp"
 #include "corpus/formats.hpp"
-#include "corpus/writetrees.hpp"
-#include "model/forest.hpp"
-#include "model/output_file.hpp"
-#include "model/request.hpp"
 #include "prolog/checking.hpp"
+#include "prolog/run_once.hpp"
+#include "propose/selection_writer.hpp"
 
 namespace brindle::batch {
 namespace {
@@ -20,63 +18,63 @@ CorpusFormat format_of(const std::string &name) {
     return name == "info" ? CorpusFormat::info : CorpusFormat::atis;
 }
 
-std::vector<int> all_trees() {
-    std::vector<int> trees(static_cast<std::size_t>(amount));
+std::vector<int> all_trees(const Corpus &corpus) {
+    std::vector<int> trees(static_cast<std::size_t>(corpus.amount()));
     std::iota(trees.begin(), trees.end(), 0);
     return trees;
 }
 
-// Writes the trees as a run: a formula that cannot be made ends it, as it ends every run.
-bool write_trees(TreeWriter &writer, const std::vector<int> &trees, ShellFrontEnd &shell) {
-    BATCH = true;
-    bool good = true;
-    for (std::size_t i = 0; i < trees.size() && good && BATCH; ++i) {
-        good = writer.write(trees[i], static_cast<int>(i) + 1);
-        shell.progress(nullptr, static_cast<int>(i) + 1, static_cast<int>(trees.size()));
+// The formula, after what there is to tell; one that cannot be made ends the run.
+Formula evaluated(Node *root, Run &run, RunDisplay &display) {
+    CheckedFormula checked = evaluate_formula(run.corpus(), root);
+    for (int i = 0; i < checked.dropped_chunks; ++i) display.print(output_dropped);
+    if (checked.error) {
+        display.tell_at(checked.error->node, checked.error->message);
+        run.stop();
     }
-    BATCH = false;
-    return good;
+    return std::move(checked.formula);
 }
 
-int write_run(const Options &options, const std::vector<int> &trees, ShellFrontEnd &shell) {
+// Writes to standard output; the side files then appear as they can.
+bool write_to_standard_output(TreeWriter &writer, Run &run, WriteFault &fault) {
+    int item = 0;
+    run.for_each_tree([&](int tree) {
+        if (!writer.write(tree, ++item)) run.stop();
+    });
+    if (!writer.flush()) return false;
+    if (!writer.commit()) fault = writer.fault();
+    return true;
+}
+
+int write_run(Session &session, RunDisplay &display) {
+    const Options &options = session.options;
     const CorpusFormat format = format_of(options.format);
-    const auto write_into = [&](TextSink &sink, auto &&finish) {
-        TreeWriter writer(format, augments(options.output), sink,
-                          [](Node *root) { return evaluate_formula(root, nullptr); });
-        write_trees(writer, trees, shell);
-        return finish(writer);
-    };
+    Run run(session.corpus, options.selecting ? session.selected_trees() : all_trees(session.corpus),
+            display.hooks());
+    const EvaluateFormula evaluate = [&](Node *root) { return evaluated(root, run, display); };
+    WriteFault fault;
     if (options.output == "-") {
-        WriteFault fault;
         const int status = write_to("-", [&](TextSink &sink) {
-            return write_into(sink, [&](TreeWriter &writer) {
-                if (!writer.flush()) return false;
-                if (!writer.commit()) fault = writer.fault();
-                return true;
-            });
+            TreeWriter writer(session.corpus, format, augments(options.output), sink, evaluate);
+            return write_to_standard_output(writer, run, fault);
         });
-        return status == done && !fault.name.empty() ? told(fault.name, fault.reason) : status;
+        if (status != done) return status;
+    } else {
+        int last = -1;
+        fault = write_selection(run, options.output, format, evaluate, last);
     }
-    OutputFile file(options.output);
-    if (!file.ok()) return told(options.output, file.error());
-    const WriteFault fault =
-        write_into(file, [&](TreeWriter &writer) { return commit_all(writer, file, options.output); });
     return fault.name.empty() ? done : told(fault.name, fault.reason);
 }
 
 }  // namespace
 
 int run_write(const Options &options) {
-    load(options);
-    ShellFrontEnd shell(options.quiet);
-    frontend = &shell;
-    int status = done;
+    Session session(options);
+    RunDisplay display(options.quiet);
     if (format_of(options.format) == CorpusFormat::atis && !options.selecting)
-        status = put_out_corpus(options);
-    else
-        status = write_run(options, options.selecting ? selected_trees(options) : all_trees(), shell);
-    frontend = silent_frontend();
-    return shell.errors() > 0 ? failed : status;
+        return session.put_out_corpus();
+    const int status = write_run(session, display);
+    return display.errors() > 0 ? failed : status;
 }
 
 }  // namespace brindle::batch

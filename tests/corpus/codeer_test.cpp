@@ -3,15 +3,15 @@
 #include <gtest/gtest.h>
 
 #include "corpus/doptrees.hpp"
-#include "support/corpus.hpp"
 #include "support/files.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle {
 namespace {
 
 using test::contents;
-using test::Corpus;
 using test::Folder;
+using test::TestCorpus;
 
 TEST(codes, letters_grow_past_the_last_one) {
     EXPECT_EQ(letters(0), "a");
@@ -24,13 +24,15 @@ TEST(codes, letters_grow_past_the_last_one) {
 
 TEST(codes, a_tag_has_one_code_in_a_run) {
     Folder folder;
-    EncodingRun run;
-    EXPECT_EQ(run.codeer_old(intern("p")), "ay");
-    EXPECT_EQ(run.codeer_old(intern("q")), "by");
-    EXPECT_EQ(run.codeer_old(intern("p")), "ay");
-    for (int i = 2; i < 26; ++i) run.codeer_old(intern("t" + std::to_string(i)));
-    EXPECT_EQ(run.codeer_old(intern("t25")), "zy");
-    EXPECT_EQ(run.codeer_old(intern("r")), "aay");
+    Corpus corpus;
+    EncodingRun run(corpus);
+    const auto code = [&](const std::string &tag) { return run.codeer_old(corpus.labels.intern(tag)); };
+    EXPECT_EQ(code("p"), "ay");
+    EXPECT_EQ(code("q"), "by");
+    EXPECT_EQ(code("p"), "ay");
+    for (int i = 2; i < 26; ++i) code("t" + std::to_string(i));
+    EXPECT_EQ(code("t25"), "zy");
+    EXPECT_EQ(code("r"), "aay");
     EXPECT_TRUE(run.commit());
     EXPECT_TRUE(contents(".encoding").starts_with("ay\tp\nby\tq\ncy\tt2\n"));
     EXPECT_TRUE(contents(".encoding").ends_with("\nzy\tt25\naay\tr\n"));
@@ -38,8 +40,8 @@ TEST(codes, a_tag_has_one_code_in_a_run) {
 
 TEST(codes, tags_are_numbered_by_production_and_trees_listed) {
     Folder folder;
-    Corpus corpus("( (S|p NP/a VP/b) )\n( (S|q (NP|p N/n) VP/b) )\n( (NP_SBJ|p (X)) )\n");
-    EncodingRun run;
+    TestCorpus corpus("( (S|p NP/a VP/b) )\n( (S|q (NP|p N/n) VP/b) )\n( (NP_SBJ|p (X)) )\n");
+    EncodingRun run(corpus);
     EXPECT_EQ(run.codeer(corpus.at(".", 0), 1), "a");
     EXPECT_EQ(run.codeer(corpus.at(".", 1), 4), "b");
     EXPECT_EQ(run.codeer(corpus.at("1", 1), 4), "a");
@@ -59,10 +61,10 @@ TEST(codes, tags_are_numbered_by_production_and_trees_listed) {
 
 TEST(codes, a_word_s_tags_are_numbered_as_its_list_has_them) {
     Folder folder;
-    Corpus corpus(
+    TestCorpus corpus(
         "* ( (S VBZ/sleep VBZ/sleep VBZ|q/sleep VBZ|q/sleep VBZ|r/sleep NN|s/sleep) )\n"
         "( (S VBZ|q/sleep VBZ|t/sleep) )\n");
-    EncodingRun run;
+    EncodingRun run(corpus);
     EXPECT_EQ(run.codeerlex(corpus.at("5")), "b");  // r, behind q; the node without a tag is not counted
     EXPECT_EQ(run.codeerlex(corpus.at("3")), "a");
     EXPECT_EQ(run.codeerlex(corpus.at("6")), "a");
@@ -74,8 +76,8 @@ TEST(codes, a_word_s_tags_are_numbered_as_its_list_has_them) {
 
 TEST(codes, two_words_that_come_to_one_key_are_listed_once) {
     Folder folder;
-    Corpus corpus("( (S A_b|x/c A|y/b_c) )\n");
-    EncodingRun run;
+    TestCorpus corpus("( (S A_b|x/c A|y/b_c) )\n");
+    EncodingRun run(corpus);
     EXPECT_EQ(run.codeerlex(corpus.at("1")), "a");
     EXPECT_EQ(run.codeerlex(corpus.at("2")), "a");
     EXPECT_TRUE(run.commit());
@@ -86,20 +88,20 @@ TEST(codes, more_tags_of_a_word_than_letters) {
     Folder folder;
     std::string text = "( (S";
     for (int i = 0; i < 30; ++i) text += " A|t" + std::to_string(i) + "/w";
-    Corpus corpus(text + ") )");
-    EncodingRun run;
+    TestCorpus corpus(text + ") )");
+    EncodingRun run(corpus);
     EXPECT_EQ(run.codeerlex(corpus.at("26")), "z");
     EXPECT_EQ(run.codeerlex(corpus.at("27")), "aa");
     EXPECT_TRUE(run.commit());
     EXPECT_EQ(contents(".encoding"), "A_w_z\tt25\nA_w_aa\tt26\n");
 }
 
-// The term of each tree in the forest.
-std::string terms(DopMode mode, bool augmented = false) {
-    EncodingRun run;
+// The term of each tree.
+std::string terms(Corpus &corpus, DopMode mode, bool augmented = false) {
+    EncodingRun run(corpus);
     TextBuffer out;
-    for (int t = 0; t < amount; ++t)
-        write_dop_entry(forest[static_cast<std::size_t>(t)].root, out, mode, t + 1, run, augmented);
+    for (int t = 0; t < corpus.amount(); ++t)
+        write_dop_entry(corpus.tree(t).root, out, mode, t + 1, run, augmented);
     run.write_grammar();
     EXPECT_TRUE(run.commit());
     return std::string(out.text());
@@ -107,12 +109,12 @@ std::string terms(DopMode mode, bool augmented = false) {
 
 TEST(dop, tags_become_codes) {
     Folder folder;
-    Corpus corpus("( (S (NP NN/cats) (VP|p VBZ|q/sleep)) )\n");
+    TestCorpus corpus("( (S (NP NN/cats) (VP|p VBZ|q/sleep)) )\n");
     EXPECT_EQ(
-        terms(DopMode::by_tag),
+        terms(corpus, DopMode::by_tag),
         "tree(S,[tree(NP,[tree(NN,[tree(cats_,[])])]),tree(VPzay,[tree(VBZxa,[tree(sleep_,[])])])]).\n");
     EXPECT_EQ(contents(".encoding"), "ay\tp\nVBZ_sleep_a\tq\n");
-    EXPECT_EQ(terms(DopMode::by_rule, true),
+    EXPECT_EQ(terms(corpus, DopMode::by_rule, true),
               "tree(sss,[tree(S,[tree(NP,[tree(NN,[tree(cats_,[])])]),tree(VPxa,[tree(VBZxa,[tree(sleep_,[])]"
               ")])])]).\n");
     EXPECT_EQ(contents(".encoding"), "VP_VBZ_a\tp\nVBZ_sleep_a\tq\n");
@@ -121,21 +123,22 @@ TEST(dop, tags_become_codes) {
 
 TEST(dop, punctuation_cuts_its_sisters_off) {
     Folder folder;
-    Corpus corpus("( (S (NP ./. N/n !/! N/o) X/x ?|t/? (Y|u Y/y)) )\n");
-    EXPECT_EQ(terms(DopMode::by_tag),
+    TestCorpus corpus("( (S (NP ./. N/n !/! N/o) X/x ?|t/? (Y|u Y/y)) )\n");
+    EXPECT_EQ(terms(corpus, DopMode::by_tag),
               "tree(S,[tree(NP,[tree(.,[tree(._,[])]),tree(N,[tree(n_,[])])]),tree(X,[tree(x_,[])])]).\n");
     EXPECT_EQ(contents(".encoding"), "");
-    Corpus mother("( (S|p A/a ./.) )\n");
-    EXPECT_EQ(terms(DopMode::by_rule), "tree(Sxa,[tree(A,[tree(a_,[])])]).\n");
+    TestCorpus mother("( (S|p A/a ./.) )\n");
+    EXPECT_EQ(terms(mother, DopMode::by_rule), "tree(Sxa,[tree(A,[tree(a_,[])])]).\n");
     EXPECT_EQ(contents("underlying_CFG"), "1\tS -> A .\t1\n");  // the production has all daughters
 }
 
 TEST(dop, numbers_and_empty_nodes) {
     Folder folder;
-    Corpus corpus("( (S C/1990 C/3rd C/A4 C/a4b (X) (Y|t)) )\n");
+    TestCorpus corpus("( (S C/1990 C/3rd C/A4 C/a4b (X) (Y|t)) )\n");
     const std::string number = "tree(C,[tree(number_,[])])", empty = "tree(xxx,[tree(empty_,[])])";
-    EXPECT_EQ(terms(DopMode::by_tag), "tree(S,[" + number + "," + number + "," + number +
-                                          ",tree(C,[tree(a4b_,[])])," + empty + "," + empty + "]).\n");
+    EXPECT_EQ(terms(corpus, DopMode::by_tag), "tree(S,[" + number + "," + number + "," + number +
+                                                  ",tree(C,[tree(a4b_,[])])," + empty + "," + empty +
+                                                  "]).\n");
 }
 
 TEST(dop, deep_and_wide_trees) {
@@ -144,9 +147,10 @@ TEST(dop, deep_and_wide_trees) {
     std::string text = "( ";
     for (int i = 0; i < n; ++i) text += "(A ";
     for (int i = 0; i < n; ++i) text += "B/b ";
-    Corpus corpus(text + std::string(n, ')') + ")");
+    TestCorpus corpus(text + std::string(n, ')') + ")");
     const std::size_t leaf = std::string_view("tree(B,[tree(b_,[])])").size();
-    EXPECT_EQ(terms(DopMode::by_rule).size(), n * std::string_view("tree(A,[])").size() + n * (leaf + 1) + 1);
+    EXPECT_EQ(terms(corpus, DopMode::by_rule).size(),
+              n * std::string_view("tree(A,[])").size() + n * (leaf + 1) + 1);
 }
 
 }  // namespace

@@ -10,127 +10,128 @@
 
 #include "model/path.hpp"
 #include "model/punctuation.hpp"
-#include "support/made_tree.hpp"
+#include "support/random_tree.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle {
 namespace {
 
-using test::MadeTree;
-
-// The definition of the layout, word for word: recursive, with two numbers a level.
-class Definition {
-  public:
-    Definition(const LayoutParams &p, int show, int pixels) : p_(p), show_(show), pixels_(pixels) {}
-
-    void lay_out(TreeEntry &tree) {
-        lo(tree.root, 0);
-        tree.width = 0;
-        tree.height = top_baseline - p_.vdist;
-        for (int level = 0; rightmost_[level] != 0; ++level) {
-            tree.width = std::max(tree.width, rightmost_[level]);
-            tree.height = top_baseline + level * p_.vdist;
-        }
-    }
-
-  private:
-    int width(const Label *label) const { return static_cast<int>(label->size) * pixels_; }
-
-    void lo(Node *node, int d) {
-        const int lw = width(node->syn);
-        const int sw = node->sem ? width(node->sem) : 0;
-        const int half = std::max(lw, sw) / 2;
-        if (node->dtrs) {
-            lo(node->dtrs, d + 1);
-            const int first_x = node->dtrs->x;
-            const Node *last = node->dtrs;
-            for (Node *s = node->dtrs->sister; s; s = s->sister) {
-                if (!show_ && punctuation(s->syn)) break;
-                lo(s, d + 1);
-                last = s;
-            }
-            const int centre = first_x + (last->x - first_x) / 2;
-            int left = centre - half;
-            if (left < p_.mindist + rightmost_[d]) {
-                addtodaughters(node->dtrs, p_.mindist + rightmost_[d] - left, d + 1);
-                left = p_.mindist + rightmost_[d];
-            }
-            node->x = left + half;
-        } else {
-            node->x = rightanchor_[d] + p_.sisterdist;
-            if (node->x - half < p_.mindist + rightmost_[d]) node->x = p_.mindist + rightmost_[d] + half;
-            if (node->lex) place_word(node, d);
-        }
-        rightmost_[d] = node->x + half;
-        rightanchor_[d] = node->x;
-        node->syn_x = node->x - lw / 2;
-        if (node->sem) node->sem_x = node->x - sw / 2;
-    }
-
-    void place_word(Node *node, int d) {
-        const int ww = width(node->lex);
-        node->lex_x = node->x - ww / 2;
-        if (node->lex_x < p_.mindist + rightmost_[d + 1]) {
-            node->lex_x = p_.mindist + rightmost_[d + 1];
-            node->x = node->lex_x + ww / 2;
-        }
-        rightanchor_[d + 1] = node->x;
-        rightmost_[d + 1] = node->x + ww / 2;
-    }
-
-    // Hidden daughters are not laid out, so neither are they moved: the last laid-out sister decides.
-    void addtodaughters(Node *n, int delta, int d) {
-        if (n->sister && (show_ || !punctuation(n->sister->syn))) {
-            addtodaughters(n->sister, delta, d);
-        } else if (n->x == rightanchor_[d]) {
-            rightmost_[d] += delta;
-            rightanchor_[d] = n->x + delta;
-            if (n->lex) {
-                rightmost_[d + 1] += delta;
-                rightanchor_[d + 1] += delta;
-            }
-        }
-        n->syn_x += delta;
-        if (n->sem) n->sem_x += delta;
-        n->x += delta;
-        if (n->dtrs)
-            addtodaughters(n->dtrs, delta, d + 1);
-        else if (n->lex)
-            n->lex_x += delta;
-    }
-
-    const LayoutParams &p_;
-    int show_;
-    int pixels_;
-    std::map<int, int> rightanchor_, rightmost_;
-};
-
 struct Position {
-    int x, syn_x, sem_x, lex_x;
+    int x = 0, syn_x = 0, sem_x = 0, lex_x = 0;
     bool operator==(const Position &) const = default;
     friend std::ostream &operator<<(std::ostream &out, const Position &p) {
         return out << p.x << ' ' << p.syn_x << ' ' << p.sem_x << ' ' << p.lex_x;
     }
 };
 
-std::vector<Position> positions(const TreeEntry &tree, bool show) {
-    std::vector<Position> all;
-    for (Node *n = tree.root; n; n = next_shown(n, tree.root, show))
-        all.push_back({n->x, n->syn_x, n->sem ? n->sem_x : 0, n->lex ? n->lex_x : 0});
-    return all;
-}
+// The definition of the layout, word for word: recursive, with two numbers a level.
+class Definition {
+  public:
+    Definition(const LayoutParams &p, bool show, int pixels) : p_(p), show_(show), pixels_(pixels) {}
 
-void expect_as_defined(Node *root, const LayoutParams &params, int show, int pixels) {
-    MadeTree tree(root);
-    Definition(params, show, pixels).lay_out(tree.entry);
-    const auto wanted = positions(tree.entry, show != 0);
-    const auto [width, height] = std::pair(tree.entry.width, tree.entry.height);
-    TreeView view;
-    view.show_punctuation = show;
+    void lay_out(const Node *root) {
+        lo(root, 0);
+        height = top_baseline - p_.vdist;
+        for (int level = 0; rightmost_[level] != 0; ++level) {
+            width = std::max(width, rightmost_[level]);
+            height = top_baseline + level * p_.vdist;
+        }
+    }
+    std::vector<Position> positions(const Node *root) {
+        std::vector<Position> all;
+        for (const Node *n = root; n; n = next_shown(n, root, show_)) all.push_back(places_[n]);
+        return all;
+    }
+
+    int width = 0;
+    int height = 0;
+
+  private:
+    int width_of(const Label *label) const { return static_cast<int>(label->size) * pixels_; }
+
+    void lo(const Node *node, int d) {
+        const int lw = width_of(node->syn());
+        const int sw = node->sem() ? width_of(node->sem()) : 0;
+        const int half = std::max(lw, sw) / 2;
+        if (node->dtrs()) {
+            lo(node->dtrs(), d + 1);
+            const int first_x = places_[node->dtrs()].x;
+            const Node *last = node->dtrs();
+            for (const Node *s = node->dtrs()->sister(); s; s = s->sister()) {
+                if (!show_ && punctuation(s->syn())) break;
+                lo(s, d + 1);
+                last = s;
+            }
+            const int centre = first_x + (places_[last].x - first_x) / 2;
+            int left = centre - half;
+            if (left < p_.mindist + rightmost_[d]) {
+                addtodaughters(node->dtrs(), p_.mindist + rightmost_[d] - left, d + 1);
+                left = p_.mindist + rightmost_[d];
+            }
+            places_[node].x = left + half;
+        } else {
+            places_[node].x = rightanchor_[d] + p_.sisterdist;
+            if (places_[node].x - half < p_.mindist + rightmost_[d])
+                places_[node].x = p_.mindist + rightmost_[d] + half;
+            if (node->lex()) place_word(node, d);
+        }
+        rightmost_[d] = places_[node].x + half;
+        rightanchor_[d] = places_[node].x;
+        places_[node].syn_x = places_[node].x - lw / 2;
+        if (node->sem()) places_[node].sem_x = places_[node].x - sw / 2;
+    }
+
+    void place_word(const Node *node, int d) {
+        const int ww = width_of(node->lex());
+        places_[node].lex_x = places_[node].x - ww / 2;
+        if (places_[node].lex_x < p_.mindist + rightmost_[d + 1]) {
+            places_[node].lex_x = p_.mindist + rightmost_[d + 1];
+            places_[node].x = places_[node].lex_x + ww / 2;
+        }
+        rightanchor_[d + 1] = places_[node].x;
+        rightmost_[d + 1] = places_[node].x + ww / 2;
+    }
+
+    // Hidden daughters are not laid out, so neither are they moved: the last laid-out sister decides.
+    void addtodaughters(const Node *n, int delta, int d) {
+        if (n->sister() && (show_ || !punctuation(n->sister()->syn()))) {
+            addtodaughters(n->sister(), delta, d);
+        } else if (places_[n].x == rightanchor_[d]) {
+            rightmost_[d] += delta;
+            rightanchor_[d] = places_[n].x + delta;
+            if (n->lex()) {
+                rightmost_[d + 1] += delta;
+                rightanchor_[d + 1] += delta;
+            }
+        }
+        places_[n].syn_x += delta;
+        if (n->sem()) places_[n].sem_x += delta;
+        places_[n].x += delta;
+        if (n->dtrs())
+            addtodaughters(n->dtrs(), delta, d + 1);
+        else if (n->lex())
+            places_[n].lex_x += delta;
+    }
+
+    const LayoutParams &p_;
+    bool show_;
+    int pixels_;
+    std::map<int, int> rightanchor_, rightmost_;
+    std::map<const Node *, Position> places_;
+};
+
+void expect_as_defined(const std::string &tree, const LayoutParams &params, bool show, int pixels) {
+    const test::TestCorpus corpus(tree);
+    Node *const root = corpus.tree(0).root;
+    Definition definition(params, show, pixels);
+    definition.lay_out(root);
     ByteMeasure measure(pixels);
-    tree_layout(view, params, measure, tree.entry);
-    ASSERT_EQ(positions(tree.entry, show != 0), wanted);
-    ASSERT_EQ(tree.entry.width, width);
-    ASSERT_EQ(tree.entry.height, height);
+    const TreeLayout layout = lay_out(root, params, measure, show);
+    std::vector<Position> positions;
+    for (const PlacedNode &n : layout.nodes) positions.push_back({n.x, n.syn_x, n.sem_x, n.lex_x});
+    ASSERT_EQ(positions, definition.positions(root)) << tree;
+    ASSERT_EQ(layout.width, definition.width);
+    ASSERT_EQ(layout.height, definition.height);
 }
 
 // Sizes small enough to collide often; tight ones make texts overlap and meet on the pixel.
@@ -148,7 +149,7 @@ void try_shapes(unsigned seed, int trees, const test::RandomTreeShape &shape) {
         const LayoutParams params = i % 3 ? random_params(random, i % 3 == 2) : LayoutParams();
         const int pixels = 1 + static_cast<int>(random() % 9);
         SCOPED_TRACE(testing::Message() << "tree " << i << " of seed " << seed);
-        expect_as_defined(test::random_tree(random, shape), params, i / 2 % 2, pixels);
+        expect_as_defined(test::random_tree(random, shape), params, i / 2 % 2 != 0, pixels);
         if (testing::Test::HasFatalFailure()) return;
     }
 }
@@ -182,8 +183,8 @@ void try_narrow_tree(unsigned seed) {
     params.sisterdist = below(3);
     params.mindist = below(2);
     SCOPED_TRACE(seed);
-    Node *tree = test::random_tree(random, shape);
-    expect_as_defined(tree, params, 0, 1 + below(2));
+    const std::string tree = test::random_tree(random, shape);
+    expect_as_defined(tree, params, false, 1 + below(2));
 }
 
 // A word left behind by a move can be met, on the very pixel, by a node that moves on. That is rare: these
@@ -196,42 +197,38 @@ TEST(layout, nodes_that_meet_words_left_behind_stand_where_the_definition_puts_t
 
 // Every mother moves all below her: a walk over them each time would take minutes.
 TEST(layout, deep_trees_cost_no_more_a_node_than_flat_ones) {
-    test::MadeTree tree(test::make_node("S"));
-    Node *node = tree.entry.root;
-    for (int i = 0; i < 100000; ++i) {
-        test::add_daughter(node, test::make_node("A"));
-        node = test::add_daughter(node, test::make_node("S"));
-    }
+    constexpr int levels = 100000;
+    std::string tree = "(";
+    for (int i = 0; i < levels; ++i) tree += " (S A";
+    tree += " S" + std::string(levels + 1, ')');
+    const test::TestCorpus corpus(tree);
     ByteMeasure measure(8);
-    const TreeView view;
-    tree_layout(view, LayoutParams(), measure, tree.entry);
-    EXPECT_EQ(tree.entry.height, top_baseline + 100000 * 71);
+    const TreeLayout layout = lay_out(corpus.tree(0).root, LayoutParams(), measure, false);
+    EXPECT_EQ(layout.height, top_baseline + levels * 71);
     // From the bottom up every mother stands halfway between her daughters, then makes room for herself.
-    EXPECT_EQ(tree.at("1")->x, 74);
-    EXPECT_GT(node->x, 100000);
-    forget_layout_owner(&view);
+    EXPECT_EQ(layout.nodes[1].x, 74);
+    EXPECT_GT(layout.nodes.back().x, levels);
 }
 
 struct LaidOut {
-    explicit LaidOut(std::string_view bracketing, int show = 0) : tree(bracketing) {
-        view.show_punctuation = show;
-        tree_layout(view, params, measure, tree.entry);
-    }
-    ~LaidOut() { forget_layout_owner(&view); }
-    int x(std::string_view path) const { return tree.at(path)->x; }
+    explicit LaidOut(std::string_view bracketing, bool show = false)
+        : corpus("( " + std::string(bracketing) + " )"),
+          layout(lay_out(corpus.tree(0).root, params, measure, show)) {}
+    const PlacedNode &at(std::string_view path) const { return *layout.find(corpus.at(path)); }
+    int x(std::string_view path) const { return at(path).x; }
 
     LayoutParams params;
-    TreeView view;
     ByteMeasure measure{8};
-    MadeTree tree;
+    test::TestCorpus corpus;
+    TreeLayout layout;
 };
 
 TEST(layout, a_single_terminal) {
     const LaidOut l("(NP/john)");
     EXPECT_EQ(l.x("."), 74);
-    EXPECT_EQ(l.tree.entry.height, 25 + 71);
-    EXPECT_EQ(l.tree.entry.width, 74 + 16);
-    EXPECT_EQ(l.tree.at(".")->lex_x, 74 - 16);
+    EXPECT_EQ(l.layout.height, 25 + 71);
+    EXPECT_EQ(l.layout.width, 74 + 16);
+    EXPECT_EQ(l.at(".").lex_x, 74 - 16);
     const LaidOut wide("(AVERYLONGCATEGORYNAME/x)");  // 21 bytes, 168 pixels
     EXPECT_EQ(wide.x("."), 16 + 84);
 }
@@ -239,38 +236,26 @@ TEST(layout, a_single_terminal) {
 TEST(layout, a_final_stop_counts_only_when_it_is_shown) {
     const LaidOut hidden("(S (A/a)(B/b)(./.))");
     EXPECT_EQ(hidden.x("."), hidden.x("1") + (hidden.x("2") - hidden.x("1")) / 2);
-    const LaidOut shown("(S (A/a)(B/b)(./.))", 1);
+    const LaidOut shown("(S (A/a)(B/b)(./.))", true);
     EXPECT_EQ(shown.x("."), shown.x("1") + (shown.x("3") - shown.x("1")) / 2);
     const LaidOut middle("(S (A/a)(./.)(B/b))");
     EXPECT_EQ(middle.x("."), middle.x("1"));
-    EXPECT_EQ(middle.x("3"), 0);
+    EXPECT_EQ(middle.layout.find(middle.corpus.at("3")), nullptr);
     const LaidOut first("(S (./.)(B/b))");
     EXPECT_EQ(first.x("."), first.x("1") + (first.x("2") - first.x("1")) / 2);
 }
 
 TEST(layout, a_wide_mother_moves_her_daughters_by_what_is_missing) {
     const LaidOut l("(S (A)(AVERYLONGCATEGORYNAME (B/b)(C/c)))");
-    const Node *mother = l.tree.at("2");
-    EXPECT_EQ(mother->syn_x, l.x("1") + 4 + 16);
-    EXPECT_EQ(mother->x, l.x("2.1") + (l.x("2.2") - l.x("2.1")) / 2);
+    const PlacedNode &mother = l.at("2");
+    EXPECT_EQ(mother.syn_x, l.x("1") + 4 + 16);
+    EXPECT_EQ(mother.x, l.x("2.1") + (l.x("2.2") - l.x("2.1")) / 2);
 }
 
 TEST(layout, wide_words_keep_their_distance_and_drag_their_terminals) {
     const LaidOut l("(S (A/aaaaaaaaaaaaaaaaaaaa)(B/bbbbbbbbbbbbbbbbbbbb))");
-    EXPECT_EQ(l.tree.at("2")->lex_x, l.tree.at("1")->lex_x + 160 + 16);
-    EXPECT_EQ(l.x("2"), l.tree.at("2")->lex_x + 80);
-}
-
-TEST(layout, the_last_view_laid_out_owns_the_positions) {
-    LaidOut a("(S/x)");
-    EXPECT_EQ(layout_owner, &a.view);
-    {
-        LaidOut b("(S/x)");
-        EXPECT_EQ(layout_owner, &b.view);
-        forget_layout_owner(&a.view);
-        EXPECT_EQ(layout_owner, &b.view);
-    }
-    EXPECT_EQ(layout_owner, nullptr);
+    EXPECT_EQ(l.at("2").lex_x, l.at("1").lex_x + 160 + 16);
+    EXPECT_EQ(l.x("2"), l.at("2").lex_x + 80);
 }
 
 TEST(layout, sizes_of_the_four_font_scales) {

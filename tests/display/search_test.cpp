@@ -5,8 +5,7 @@
 #include <fmt/format.h>
 
 #include "model/path.hpp"
-#include "support/corpus.hpp"
-#include "support/recording_front_end.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle {
 namespace {
@@ -14,14 +13,14 @@ namespace {
 using enum ReplaceChoice;
 
 struct SearchTest : testing::Test {
-    test::Corpus corpus{
+    test::TestCorpus corpus{
         "*( (S|s (NP|x NN|dd/dog) VP|d/runs) )\n"
         "( (S|s NP|x/john (VP V|d/sees NP|y/mary)) )\n"
         "( (S NP/dog) )"};
     std::string question;
 
     Addresses resolve(const SearchRequest &request, LabelKind answer = LabelKind::TERM) {
-        return init_adresses(request, [&](const std::string &asked) {
+        return init_adresses(corpus, request, [&](const std::string &asked) {
             question = asked;
             return answer;
         });
@@ -32,7 +31,7 @@ struct SearchTest : testing::Test {
         std::string out;
         for (const auto &message : addresses.messages) out += message.text + (message.silent ? ";" : "!;");
         if (!addresses.pattern) return out;
-        ForestSearch search(std::move(*addresses.pattern), from);
+        CorpusSearch search(corpus, std::move(*addresses.pattern), from);
         while (const auto match = search.next())
             out += fmt::format("{}{}:{}", out.empty() ? "" : " ", match->tree, path_of(match->node));
         return out;
@@ -59,14 +58,14 @@ TEST_F(SearchTest, a_category_with_and_without_words_is_two_labels) {
               "There are two different syntactic categories called NP;\n\033\n\t\t"
               "a terminal and a non-terminal. Which one do you mean?");
     EXPECT_EQ(matches({.syn = "NP", .lex = "", .sem = ""}, LabelKind::NONTERM), "0:1");
-    EXPECT_TRUE(is_term_and_nonterm({.syn = "NP", .lex = "", .sem = ""}));
+    EXPECT_TRUE(is_term_and_nonterm(corpus, {.syn = "NP", .lex = "", .sem = ""}));
     question.clear();
     EXPECT_EQ(matches({.syn = "NP", .lex = "dog", .sem = ""}), "2:1");
     EXPECT_EQ(matches({.syn = "NP", .lex = "", .sem = "", .complete_labels = false}, LabelKind::TERM),
               "0:1 1:1 1:2.2 2:1");
     EXPECT_EQ(question, "");
-    EXPECT_FALSE(is_term_and_nonterm({.syn = "NP", .lex = "dog", .sem = ""}));
-    EXPECT_FALSE(is_term_and_nonterm({.syn = "V", .lex = "", .sem = ""}));
+    EXPECT_FALSE(is_term_and_nonterm(corpus, {.syn = "NP", .lex = "dog", .sem = ""}));
+    EXPECT_FALSE(is_term_and_nonterm(corpus, {.syn = "V", .lex = "", .sem = ""}));
 }
 
 TEST_F(SearchTest, unknown_labels_are_told_in_order) {
@@ -103,36 +102,31 @@ TEST_F(SearchTest, what_cannot_be_replaced) {
 
 TEST_F(SearchTest, replacing_goes_on_after_the_node_and_keeps_the_counts) {
     const SearchRequest part{.syn = "", .lex = "", .sem = "d", .complete_labels = false};
-    ForestSearch search(std::move(*resolve(part).pattern), 0);
+    CorpusSearch search(corpus, std::move(*resolve(part).pattern), 0);
     int replaced = 0;
     while (const auto match = search.next()) {
-        EXPECT_EQ(replace_at(corpus.tree(match->tree), match->node, part, semantics, "d1d", nullptr),
-                  std::nullopt);
+        EXPECT_EQ(replace_at(corpus, match->node, part, semantics, "d1d"), std::nullopt);
         ++replaced;
     }
     EXPECT_EQ(replaced, 3);
     EXPECT_EQ(corpus.text(0), "(S|s (NP|x NN|d1dd1d/dog) VP|d1d/runs)");
-    EXPECT_EQ(test::sem("d1d")->checked_count, 1);
-    EXPECT_EQ(MODIFIED, 3);
+    EXPECT_EQ(corpus.sem("d1d")->checked_count, 1);
+    EXPECT_EQ(corpus.unsaved_changes, 3);
 }
 
 TEST_F(SearchTest, replacing_whole_labels) {
-    test::RecordingFrontEnd front_end;
-    TreeView view;
     const SearchRequest request{.syn = "NN", .lex = "", .sem = "dd"};
-    replace_at(corpus.tree(0), corpus.at("1.1"), request, syntax, "N N", &view);
-    replace_at(corpus.tree(0), corpus.at("1.1"), request, semantics, "", &view);
+    replace_at(corpus, corpus.at("1.1"), request, syntax, "N N");
+    replace_at(corpus, corpus.at("1.1"), request, semantics, "");
     EXPECT_EQ(corpus.text(0), "(S|s (NP|x N_N/dog) VP|d/runs)");
-    EXPECT_EQ(front_end.log, (std::vector<std::string>{"repaint", "repaint"}));
 }
 
 TEST_F(SearchTest, a_label_that_would_not_be_read_back_is_refused_at_its_node) {
     const SearchRequest part{.syn = "", .lex = "", .sem = "d", .complete_labels = false};
-    EXPECT_TRUE(replace_at(corpus.tree(0), corpus.at("2"), part, semantics, "f(", nullptr));
-    EXPECT_TRUE(
-        replace_at(corpus.tree(0), corpus.at("1.1"), part, semantics, std::string(600, 'x'), nullptr));
+    EXPECT_TRUE(replace_at(corpus, corpus.at("2"), part, semantics, "f("));
+    EXPECT_TRUE(replace_at(corpus, corpus.at("1.1"), part, semantics, std::string(600, 'x')));
     EXPECT_EQ(corpus.text(0), "(S|s (NP|x NN|dd/dog) VP|d/runs)");
-    EXPECT_EQ(MODIFIED, 0);
+    EXPECT_EQ(corpus.unsaved_changes, 0);
 }
 
 }  // namespace

@@ -5,84 +5,70 @@
 
 #include <string>
 
+#include "support/test_corpus.hpp"
+
 namespace brindle {
 namespace {
 
 // A tree of seven nodes: top with the daughters left and right, each of which has two daughters.
-struct Tree {
-    Node top, left, right, l1, l2, r1, r2;
-
-    Tree() {
-        link(top, left, right);
-        link(left, l1, l2);
-        link(right, r1, r2);
-    }
-
-    static void link(Node &mother, Node &first, Node &second) {
-        mother.dtrs = &first;
-        first.sister = &second;
-        first.mother = second.mother = &mother;
-    }
+struct Selection : testing::Test {
+    test::TestCorpus corpus{"( (T (L A B) (R A B)) )"};
+    Node *top = corpus.at("."), *left = corpus.at("1"), *right = corpus.at("2");
+    Node *l1 = corpus.at("1.1"), *l2 = corpus.at("1.2"), *r1 = corpus.at("2.1"), *r2 = corpus.at("2.2");
 
     // The selected nodes, one letter each, in document order: t l 1 2 r 3 4.
     std::string selected() const {
         std::string out;
-        const Node *nodes[] = {&top, &left, &l1, &l2, &right, &r1, &r2};
+        const Node *nodes[] = {top, left, l1, l2, right, r1, r2};
         for (int i = 0; i < 7; ++i)
-            if (nodes[i]->selected) out += "tl12r34"[i];
+            if (nodes[i]->selected()) out += "tl12r34"[i];
         return out;
     }
 };
 
-TEST(selection, clicks_on_a_node_below_an_unselected_mother_cycle) {
-    Tree t;
-    select_click(&t.left);
-    EXPECT_EQ(t.selected(), "l");
-    select_click(&t.left);
-    EXPECT_EQ(t.selected(), "l12");
-    select_click(&t.left);
-    EXPECT_EQ(t.selected(), "");
+TEST_F(Selection, clicks_on_a_node_below_an_unselected_mother_cycle) {
+    select_click(left);
+    EXPECT_EQ(selected(), "l");
+    select_click(left);
+    EXPECT_EQ(selected(), "l12");
+    select_click(left);
+    EXPECT_EQ(selected(), "");
 }
 
-TEST(selection, a_root_counts_as_below_an_unselected_mother) {
-    Tree t;
-    select_click(&t.top);
-    EXPECT_EQ(t.selected(), "t");
-    select_click(&t.top);
-    EXPECT_EQ(t.selected(), "tl12r34");
-    select_click(&t.top);
-    EXPECT_EQ(t.selected(), "");
+TEST_F(Selection, a_root_counts_as_below_an_unselected_mother) {
+    select_click(top);
+    EXPECT_EQ(selected(), "t");
+    select_click(top);
+    EXPECT_EQ(selected(), "tl12r34");
+    select_click(top);
+    EXPECT_EQ(selected(), "");
 }
 
-TEST(selection, selecting_a_node_unselects_what_is_below_it) {
-    Tree t;
-    t.r1.selected = t.r2.selected = t.l1.selected = true;
-    select_click(&t.right);
-    EXPECT_EQ(t.selected(), "1r");
+TEST_F(Selection, selecting_a_node_unselects_what_is_below_it) {
+    for (Node *node : {r1, r2, l1}) node->select(true);
+    select_click(right);
+    EXPECT_EQ(selected(), "1r");
 }
 
-TEST(selection, a_leaf_toggles) {
-    Tree t;
-    select_click(&t.l2);
-    EXPECT_EQ(t.selected(), "2");
-    select_click(&t.l2);
-    EXPECT_EQ(t.selected(), "");
+TEST_F(Selection, a_leaf_toggles) {
+    select_click(l2);
+    EXPECT_EQ(selected(), "2");
+    select_click(l2);
+    EXPECT_EQ(selected(), "");
 }
 
-TEST(selection, under_a_selected_mother_an_unselected_node_selects_all_daughters) {
-    Tree t;
-    t.top.selected = true;
-    select_click(&t.right);
-    EXPECT_EQ(t.selected(), "tl12r34");
+TEST_F(Selection, under_a_selected_mother_an_unselected_node_selects_all_daughters) {
+    top->select(true);
+    select_click(right);
+    EXPECT_EQ(selected(), "tl12r34");
 }
 
-TEST(selection, under_a_selected_mother_a_subtree_shrinks_to_its_top_then_all_daughters_go) {
-    Tree t;
-    for (int i = 0; i < 2; ++i) select_click(&t.top);
-    select_click(&t.left);
-    EXPECT_EQ(t.selected(), "tlr34");
-    select_click(&t.left);
-    EXPECT_EQ(t.selected(), "t");
+TEST_F(Selection, under_a_selected_mother_a_subtree_shrinks_to_its_top_then_all_daughters_go) {
+    for (int i = 0; i < 2; ++i) select_click(top);
+    select_click(left);
+    EXPECT_EQ(selected(), "tlr34");
+    select_click(left);
+    EXPECT_EQ(selected(), "t");
 }
 
 }  // namespace

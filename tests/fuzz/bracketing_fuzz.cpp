@@ -1,13 +1,11 @@
 // The two checks of an edited bracketing let pass what the reader reads, and nothing else; what they let pass
 // can replace a subtree, and the statistics follow.
+#include "base/text.hpp"
 #include "check.hpp"
-#include "corpus/readtrees.hpp"
-#include "editor/bracketing.hpp"
-#include "editor/replacement.hpp"
-#include "editor/subtree_text.hpp"
-#include "model/text.hpp"
-#include "model/traversal.hpp"
-#include "stats/tables.hpp"
+#include "corpus/reader.hpp"
+#include "corpus/writetrees.hpp"
+#include "edit/bracketing.hpp"
+#include "edit/change.hpp"
 #include "stats/verify.hpp"
 
 namespace {
@@ -15,15 +13,10 @@ namespace {
 using namespace brindle;
 
 bool is_read(std::string_view text) {
-    tables_init();
-    TreeEntry entry;
-    try {
-        readtree(entry, text);
-    } catch (const FormatError &) {
-        return false;
-    }
-    do_with(entry.root, release_node);
-    return true;
+    Corpus corpus;
+    NodeBuilder builder(corpus);
+    const char *p = text.data();
+    return builder.read(p, p + text.size(), 0).kind == FaultKind::none;
 }
 
 // One fault the checks alone look for: the reader takes what runs into a word for a part of it.
@@ -32,13 +25,13 @@ bool is_for_the_checks_alone(const std::string &message) {
 }
 
 void replace_a_subtree(const std::string &text) {
-    tables_init();
-    reset_forest();
-    read_forest("*\n( (S|s(d1) (NP|n A/a B/b) C|c/c) )\n", "");
-    const std::string before = write_tree_to_editor(forest[0].root);
-    const std::string message = replace_subtree(0, forest[0].root->dtrs, text);
-    FUZZ_CHECK(verify_tables().empty());
-    FUZZ_CHECK(message.empty() || write_tree_to_editor(forest[0].root) == before);
+    Corpus corpus;
+    read_trees(corpus, "*\n( (S|s(d1) (NP|n A/a B/b) C|c/c) )\n");
+    Node *const root = corpus.tree(0).root;
+    const std::string before = write_tree_to_editor(root);
+    const bool refused = replace_subtree(corpus, root->dtrs(), text).has_value();
+    FUZZ_CHECK(verify(corpus).empty());
+    FUZZ_CHECK(!refused || write_tree_to_editor(root) == before);
 }
 
 }  // namespace

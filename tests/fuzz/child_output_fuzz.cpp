@@ -13,12 +13,12 @@ using namespace brindle;
 struct Recorder final : StreamClient {
     explicit Recorder(std::size_t size) : left(size) {}
 
-    void text_window_insert(std::string_view bytes) override {
+    void plain_text(std::string_view bytes) override {
         FUZZ_CHECK(!bytes.empty());
         take(bytes.size());
     }
-    void show_message(std::string_view message) override {
-        take(begin_marker.size() + message.size() + end_marker.size());
+    void message(std::string_view text) override {
+        take(begin_marker.size() + text.size() + end_marker.size());
     }
     void ready() override {
         FUZZ_CHECK(!answered);
@@ -28,7 +28,7 @@ struct Recorder final : StreamClient {
     void go_on() override { end_of_answer(); }
     void no_end_message() override {
         end_of_answer();
-        take(begin_marker.size() + stream->command_buffer.size());
+        take(stream->bytes_held());
     }
 
     void end_of_answer() {
@@ -66,9 +66,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
         FUZZ_CHECK(!recorder.answered);
         FUZZ_CHECK(marker_tail(chunk) <= chunk.size());
     }
-    const std::size_t held = stream.READING_COMMAND ? begin_marker.size() + stream.command_buffer.size() : 0;
-    FUZZ_CHECK(recorder.left == held);
+    FUZZ_CHECK(recorder.left == stream.bytes_held());
     stream.reset();
-    FUZZ_CHECK(!stream.READING_COMMAND && stream.command_buffer.empty());
+    FUZZ_CHECK(stream.bytes_held() == 0);
     return 0;
 }

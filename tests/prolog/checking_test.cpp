@@ -4,10 +4,9 @@
 
 #include <cstdlib>
 
-#include "model/request.hpp"
 #include "prolog/child_command.hpp"
-#include "support/corpus.hpp"
-#include "support/recording_front_end.hpp"
+#include "prolog/run_once.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle {
 namespace {
@@ -18,17 +17,23 @@ class Checking : public ::testing::Test {
         unsetenv("BRINDLE_FORMULA_CHECKER");
         unsetenv("BRINDLE_FORMULA_DIR");
     }
-    // The outcome and text for the first tree of a corpus.
-    Formula evaluated(const std::string &text, const std::string &checker,
-                      const std::string &directory = "/tmp") {
+    // What becomes of the first tree of a corpus.
+    CheckedFormula checked(const std::string &text, const std::string &checker,
+                           const std::string &directory = "/tmp") {
         setenv("BRINDLE_FORMULA_CHECKER", checker.c_str(), 1);
         setenv("BRINDLE_FORMULA_DIR", directory.c_str(), 1);
-        const test::Corpus corpus(text);
-        BATCH = true;
-        return evaluate_formula(corpus.at("."), nullptr);
+        test::TestCorpus corpus(text);
+        CheckedFormula result = evaluate_formula(corpus, corpus.at("."));
+        if (result.error) {
+            EXPECT_EQ(result.error->node, corpus.at("."));
+        }
+        return result;
+    }
+    Formula evaluated(const std::string &text, const std::string &checker,
+                      const std::string &directory = "/tmp") {
+        return checked(text, checker, directory).formula;
     }
     using Outcome = Formula::Outcome;
-    test::RecordingFrontEnd front;
     const std::string tree = "( (S|f(d1,d2) NP|a/towns VP|g(b)/grow) )";
 };
 
@@ -43,9 +48,16 @@ TEST_F(Checking, refusals) {
     for (const char *checker : {"cat", "true", "sh -c 'echo \"(x)\"; kill -9 $$'", "no-such-checker-here"}) {
         EXPECT_EQ(evaluated(tree, checker).outcome, Outcome::rejected) << checker;
     }
-    EXPECT_TRUE(front.messages.empty());
-    EXPECT_EQ(evaluated("( (S|f(d3) NP|a/towns) )", "cat").outcome, Outcome::cannot_be_made);
-    EXPECT_EQ(front.messages, std::vector<std::string>{"\"d3\": non-existent daughter."});
+    const CheckedFormula result = checked("( (S|f(d3) NP|a/towns) )", "cat");
+    EXPECT_EQ(result.formula.outcome, Outcome::cannot_be_made);
+    ASSERT_TRUE(result.error);
+    EXPECT_EQ(result.error->message, "\"d3\": non-existent daughter.");
+}
+
+TEST_F(Checking, chunks_that_did_not_fit_are_told) {
+    const CheckedFormula result = checked(tree, "sh -c 'echo \"(x)\"; head -c 30000 /dev/zero'");
+    EXPECT_EQ(result.formula.outcome, Outcome::rejected);
+    EXPECT_EQ(result.dropped_chunks, 3);
 }
 
 TEST_F(Checking, the_example_checker) {

@@ -5,27 +5,27 @@
 #include <algorithm>
 
 #include "model/traversal.hpp"
-#include "support/made_tree.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle {
 namespace {
 
-using test::MadeTree;
+using test::TestCorpus;
 
-void select_all(const MadeTree &tree) {
-    for_each_in_subtree(tree.entry.root, [](Node *n) { n->selected = true; });
+void select_all(const TestCorpus &c) {
+    for_each_in_subtree(c.tree(0).root, [](Node *n) { n->select(true); });
 }
 
-std::string body(const MadeTree &tree, bool show = false) {
+std::string body(const TestCorpus &c, bool show = false) {
     std::string out;
-    latexbody(out, tree.entry.root, 0, show);
+    latexbody(out, c.tree(0).root, 0, show);
     return out;
 }
 
 TEST(latex, a_tree_of_two_words) {
-    const MadeTree tree("(S|s(d1,d2) (NP/john)(VP/walks))");
-    select_all(tree);
-    const std::string document = latex_document(tree.at("1"), 2, "c", false);
+    const TestCorpus c("( (S|s(d1,d2) (NP/john)(VP/walks)) )");
+    select_all(c);
+    const std::string document = latex_document(c.at("1"), 2, "c", false);
     EXPECT_EQ(document.substr(document.find("{\\textwidth}{!}\n{")),
               "{\\textwidth}{!}\n{\\setlength{\\GapDepth}{5.5ex}\n\\setlength{\\GapWidth}{1.8em}\n"
               "\\begin{bundle}{\\synsemlabel{S}{s(d1,d2)}}\n"
@@ -60,27 +60,27 @@ TEST(latex, ten_characters_are_escaped) {
 }
 
 TEST(latex, a_node_whose_first_daughter_is_not_selected_is_a_plain_label) {
-    const MadeTree tree("(S (A|t (X/x)(Y/y))(B/b))");
-    select_all(tree);
-    tree.at("1.1")->selected = false;
-    EXPECT_NE(body(tree).find("\t\\chunk{\\synsemlabel{A}{t}}\n\t\\chunk{\\setlength"), std::string::npos);
-    EXPECT_EQ(body(tree).find("{y}"), std::string::npos);
+    const TestCorpus c("( (S (A|t (X/x)(Y/y))(B/b)) )");
+    select_all(c);
+    c.at("1.1")->select(false);
+    EXPECT_NE(body(c).find("\t\\chunk{\\synsemlabel{A}{t}}\n\t\\chunk{\\setlength"), std::string::npos);
+    EXPECT_EQ(body(c).find("{y}"), std::string::npos);
 }
 
 TEST(latex, hidden_punctuation_ends_the_sisters) {
-    const MadeTree tree("(S (A/a)(./.)(B/b))");
-    select_all(tree);
-    EXPECT_EQ(body(tree).find("\\lexlabel{b}"), std::string::npos);
-    EXPECT_NE(body(tree, true).find("\\synlabel{.}}\n\t\t\\chunk{\\lexlabel{.}}"), std::string::npos);
-    EXPECT_NE(body(tree, true).find("\\lexlabel{b}"), std::string::npos);
-    tree.at("2")->selected = false;
-    EXPECT_EQ(body(tree, true).find("\\lexlabel{b}"), std::string::npos);
+    const TestCorpus c("( (S (A/a)(./.)(B/b)) )");
+    select_all(c);
+    EXPECT_EQ(body(c).find("\\lexlabel{b}"), std::string::npos);
+    EXPECT_NE(body(c, true).find("\\synlabel{.}}\n\t\t\\chunk{\\lexlabel{.}}"), std::string::npos);
+    EXPECT_NE(body(c, true).find("\\lexlabel{b}"), std::string::npos);
+    c.at("2")->select(false);
+    EXPECT_EQ(body(c, true).find("\\lexlabel{b}"), std::string::npos);
 }
 
 TEST(latex, only_the_selection_is_written_and_its_braces_balance) {
-    const MadeTree tree("(S (A (B (C/c)(D/d))(E/e))(F/f))");
-    for (const char *path : {"1", "1.1", "1.1.1", "1.1.2", "1.2"}) tree.at(path)->selected = true;
-    const std::string document = latex_document(tree.at("1.1.2"), 0, "c", false);
+    const TestCorpus c("( (S (A (B (C/c)(D/d))(E/e))(F/f)) )");
+    for (const char *path : {"1", "1.1", "1.1.1", "1.1.2", "1.2"}) c.at(path)->select(true);
+    const std::string document = latex_document(c.at("1.1.2"), 0, "c", false);
     const std::string_view tail(document.data() + document.find("{\\textwidth}"));
     EXPECT_EQ(std::count(tail.begin(), tail.end(), '{') + 1, std::count(tail.begin(), tail.end(), '}'));
     EXPECT_EQ(tail.find("{S}"), tail.npos);

@@ -10,12 +10,9 @@ namespace {
 // Writes down what the stream says, one entry a call.
 struct Recorder final : StreamClient {
     std::vector<std::string> log;
-    PrologStream *stream = nullptr;
 
-    void text_window_insert(std::string_view bytes) override { log.push_back("text:" + std::string(bytes)); }
-    void show_message(std::string_view message) override {
-        log.push_back("message:" + std::string(message) + (stream->command_buffer.empty() ? "" : "!"));
-    }
+    void plain_text(std::string_view bytes) override { log.push_back("text:" + std::string(bytes)); }
+    void message(std::string_view text) override { log.push_back("message:" + std::string(text)); }
     void ready() override { log.push_back("ready"); }
     void go_on() override { log.push_back("go on"); }
     void no_end_message() override { log.push_back("unfinished"); }
@@ -23,8 +20,6 @@ struct Recorder final : StreamClient {
 
 class Stream : public ::testing::Test {
   protected:
-    Stream() { recorder.stream = &stream; }
-
     std::vector<std::string> fed(std::initializer_list<std::string_view> chunks) {
         recorder.log.clear();
         for (const std::string_view chunk : chunks) stream.feed(chunk);
@@ -58,11 +53,9 @@ TEST_F(Stream, messages_in_one_chunk) {
 
 TEST_F(Stream, a_message_over_several_chunks) {
     EXPECT_EQ(fed({"begin message"}), Log{});
-    EXPECT_TRUE(stream.READING_COMMAND);
-    EXPECT_EQ(stream.command_buffer, "");
+    EXPECT_EQ(stream.bytes_held(), begin_marker.size());
     EXPECT_EQ(fed({"f(x", ",y)", ".end message?- "}), (Log{"message:f(x,y).", "ready", "go on"}));
-    EXPECT_FALSE(stream.READING_COMMAND);
-    EXPECT_EQ(stream.command_buffer, "");
+    EXPECT_EQ(stream.bytes_held(), 0u);
     const std::string long_text(100000, 'x');
     EXPECT_EQ(fed({"begin message", long_text, "end message"}), Log{"message:" + long_text});
 }
@@ -71,7 +64,7 @@ TEST_F(Stream, a_message_cut_off_by_the_prompt_is_dropped) {
     EXPECT_EQ(fed({"abegin messagehalf", "?- "}), (Log{"text:a", "ready", "unfinished"}));
     EXPECT_EQ(fed({"b?- "}), (Log{"text:b", "ready", "go on"}));
     EXPECT_EQ(fed({"begin messagehalf?- "}), (Log{"ready", "unfinished"}));
-    EXPECT_FALSE(stream.READING_COMMAND);
+    EXPECT_EQ(stream.bytes_held(), 0u);
 }
 
 TEST_F(Stream, a_marker_split_over_two_chunks_is_text) {
@@ -79,16 +72,10 @@ TEST_F(Stream, a_marker_split_over_two_chunks_is_text) {
     EXPECT_EQ(fed({"begin messagea end mes", "sage bend message"}), Log{"message:a end message b"});
 }
 
-TEST_F(Stream, names_and_numbers_of_the_markers) {
-    EXPECT_EQ(stream.find_end_command("end message"), -1);
-    EXPECT_EQ(stream.find_and_start_command("no begin"), -1);
-    EXPECT_FALSE(stream.READING_COMMAND);
-    EXPECT_EQ(stream.find_and_start_command("ab begin message"), 3);
-    EXPECT_TRUE(stream.READING_COMMAND);
-    EXPECT_EQ(stream.find_end_command("xend message"), 1);
-    EXPECT_EQ(PrologStream::get_comm_length(true, Marker::begin), 13u);
-    EXPECT_EQ(PrologStream::get_comm_length(true, Marker::end), 11u);
-    EXPECT_EQ(PrologStream::get_comm_length(false, Marker::end), 0u);
+TEST_F(Stream, a_new_child_begins_anew) {
+    fed({"begin messagehalf"});
+    stream.reset();
+    EXPECT_EQ(fed({"text"}), Log{"text:text"});
 }
 
 TEST(marker_tail, is_the_longest_beginning_of_a_marker) {

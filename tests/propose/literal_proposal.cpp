@@ -2,20 +2,15 @@
 
 #include <algorithm>
 
-#include "model/traversal.hpp"
-#include "stats/links.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle::test {
 namespace {
 
 struct Candidate {
-    LabelLink *link = nullptr;
-    LexLink *lexlink = nullptr;
+    const Unit *unit = nullptr;  // of a word, or over all words
     std::vector<const Candidate *> dtr_entries;
     double prob = 0;
-
-    LabelEntry *sem() const { return lexlink ? lexlink->sem : link->label; }
-    const ParentRecord *records() const { return lexlink ? lexlink->parents.first() : link->parents.first(); }
 };
 
 struct PNode {
@@ -32,22 +27,23 @@ struct Column {
 
 class Literal {
   public:
-    Literal(LiteralProposal &result, std::size_t limit) : result_(result), limit_(limit) {}
+    Literal(const Corpus &corpus, LiteralProposal &result, std::size_t limit)
+        : units_(corpus.units), statistics_(*corpus.statistics), result_(result), limit_(limit) {}
 
     PNode build(Node *node) {
         PNode p{node, {}, {}};
-        for (Node *d = node->dtrs; d; d = d->sister) p.dtrs.push_back(build(d));
+        for (Node *d = node->dtrs(); d; d = d->sister()) p.dtrs.push_back(build(d));
         if (!p.dtrs.empty()) combine(p);
         if (p.entries.empty()) own_candidates(p);
         return p;
     }
 
     void write(const PNode &p, const Candidate *e) {
-        result_.tags[p.node] = e ? std::string(text_of(e->sem()->name)) : "NO_MATCH";
+        result_.tags[p.node] = e ? std::string(text_of(e->unit->sem)) : "NO_MATCH";
         if (e && !e->dtr_entries.empty()) {
             for (std::size_t d = 0; d < p.dtrs.size(); ++d) write(p.dtrs[d], e->dtr_entries[d]);
         } else if (!p.dtrs.empty()) {
-            result_.selected[p.node] = result_.prob_break = true;
+            result_.selected[p.node] = result_.has_break = true;
             for (const PNode &d : p.dtrs) write(d, best(d));
         }
     }
@@ -60,32 +56,41 @@ class Literal {
     }
 
   private:
-    void own_candidates(PNode &p) {
-        LabelEntry *syn = category_entry(p.node);
-        if (p.dtrs.empty() && p.node->lex) {
-            const LexEntry *word = word_entry(p.node);
-            for (LexLink *l = word->links.first(); l; l = l->next)
-                if (l->syn == syn && l->checked_count >= 1)
-                    p.entries.push_back(
-                        {nullptr, l, {}, double(l->checked_count) / double(word->checked_count)});
-            return;
-        }
-        for (LabelLink *l = syn->links.first(); l; l = l->next)
-            if (l->checked_count >= 1 && occurs_with_number(p, l->label))
-                p.entries.push_back({l, nullptr, {}, double(l->checked_count) / double(syn->checked_count)});
+    // The mother contexts of a unit at a place under mothers of the node's category, unchecked ones too.
+    std::vector<Context> contexts_under(const PNode &mother, std::size_t d, const Unit *unit) const {
+        std::vector<Context> found;
+        for (auto n = unit->contexts.first; n; n = statistics_.contexts[n].by_unit.next)
+            if (const Context &c = statistics_.contexts[n]; units_[c.mother].syn == mother.node->syn() &&
+                                                            c.dtr_nr == int(d) + 1 &&
+                                                            c.nr_of_dtrs == int(mother.dtrs.size()))
+                found.push_back(c);
+        return found;
     }
 
-    static bool occurs_with_number(const PNode &p, const LabelEntry *sem) {
-        const int n = int(p.dtrs.size());
-        for (int i = 1; i <= n; ++i) {
-            const LabelEntry *daughter = category_entry(p.dtrs[std::size_t(i) - 1].node);
-            for (LabelLink *l = daughter->links.first(); l; l = l->next)
-                for (const ParentRecord *r = l->parents.first(); r; r = r->next)
-                    if (r->syn == p.node->syn && r->sem == sem->name && r->dtr_nr == i &&
-                        r->nr_of_dtrs == n && r->checked_count >= 1)
-                        return true;
+    void own_candidates(PNode &p) {
+        const Node *node = p.node;
+        if (node->lex()) {
+            const LexEntry *word = node->lex()->word;
+            for (const Unit *u = statistics_.first_of(word->units); u; u = statistics_.next_of_owner(u))
+                if (u->syn == node->syn() && u->checked_count >= 1)
+                    p.entries.push_back({u, {}, double(u->checked_count) / double(word->checked_count)});
+            return;
         }
-        return n == 0;
+        const LabelEntry *category = node->syn()->nonterm;
+        for (const Unit *u = statistics_.first_of(category->pairs); u; u = statistics_.next_of_owner(u))
+            if (u->checked_count >= 1 && occurs_with_number(p, u->sem))
+                p.entries.push_back({u, {}, double(u->checked_count) / double(category->checked_count)});
+    }
+
+    bool occurs_with_number(const PNode &p, const Label *sem) const {
+        for (std::size_t d = 0; d < p.dtrs.size(); ++d) {
+            const Node *daughter = p.dtrs[d].node;
+            const LabelEntry *category = daughter->lex() ? daughter->syn()->term : daughter->syn()->nonterm;
+            for (const Unit *u = statistics_.first_of(category->pairs); u; u = statistics_.next_of_owner(u))
+                for (const Context &c : contexts_under(p, d, u))
+                    if (units_[c.mother].sem == sem && c.checked_count >= 1) return true;
+        }
+        return p.dtrs.empty();
     }
 
     void combine(PNode &p) {
@@ -93,26 +98,19 @@ class Literal {
         while (f < p.dtrs.size() && p.dtrs[f].entries.empty()) ++f;
         if (f == p.dtrs.size()) return;
         for (const Candidate &e : p.dtrs[f].entries)
-            for (const ParentRecord *r = e.records(); r; r = r->next) {
-                if (r->syn != p.node->syn || r->dtr_nr != int(f) + 1 || r->nr_of_dtrs != int(p.dtrs.size()) ||
-                    r->checked_count < 1)
-                    continue;
-                if (LabelLink *link =
-                        search_link(category_entry(p.node), search(r->sem, LabelKind::SEM, MustExist::yes)))
-                    enumerate(p, link);
+            for (const Context &c : contexts_under(p, f, e.unit)) {
+                if (c.checked_count >= 1) enumerate(p, &units_[c.mother]);
                 if (result_.too_many) return;
             }
     }
 
-    static Column fit(const PNode &p, std::size_t d, const LabelEntry *sem) {
+    Column fit(const PNode &p, std::size_t d, const Unit *mother) const {
         Column column;
         for (const Candidate &q : p.dtrs[d].entries) {
             int total = 0, count = 0;
-            for (const ParentRecord *r = q.records(); r; r = r->next) {
-                if (r->syn != p.node->syn || r->dtr_nr != int(d) + 1 || r->nr_of_dtrs != int(p.dtrs.size()))
-                    continue;
-                total += r->checked_count;
-                if (r->sem == sem->name) count = r->checked_count;
+            for (const Context &c : contexts_under(p, d, q.unit)) {
+                total += c.checked_count;
+                if (units_[c.mother].sem == mother->sem) count = c.checked_count;
             }
             if (count < 1) continue;
             column.candidates.push_back(&q);
@@ -122,15 +120,15 @@ class Literal {
         return column;
     }
 
-    void enumerate(PNode &p, LabelLink *link) {
+    void enumerate(PNode &p, const Unit *mother) {
         std::vector<Column> table;
         for (std::size_t d = 0; d < p.dtrs.size(); ++d) {
-            table.push_back(fit(p, d, link->label));
+            table.push_back(fit(p, d, mother));
             if (table.back().candidates.empty() && !p.dtrs[d].entries.empty()) return;
         }
         std::size_t d;
         do {
-            Candidate made{link, nullptr, {}, 1.0};
+            Candidate made{mother, {}, 1.0};
             for (const Column &c : table) {
                 const bool none = c.candidates.empty();
                 made.dtr_entries.push_back(none ? nullptr : c.candidates[c.counter]);
@@ -149,16 +147,18 @@ class Literal {
         } while (d < table.size());
     }
 
+    const Units &units_;
+    Statistics &statistics_;
     LiteralProposal &result_;
     std::size_t limit_;
 };
 
 }  // namespace
 
-LiteralProposal propose_literally(Node *root, std::size_t limit) {
+LiteralProposal propose_literally(const Corpus &corpus, int tree, std::size_t limit) {
     LiteralProposal result;
-    Literal literal(result, limit);
-    const PNode p = literal.build(root);
+    Literal literal(corpus, result, limit);
+    const PNode p = literal.build(corpus.tree(tree).root);
     if (!result.too_many) literal.write(p, Literal::best(p));
     return result;
 }

@@ -5,19 +5,18 @@
 #include <string>
 #include <vector>
 
-#include "model/node.hpp"
-#include "stats/tables.hpp"
+#include "model/corpus.hpp"
 
 namespace brindle::test {
 
 // What the literal proposal would do to one tree.
 struct LiteralProposal {
     bool too_many = false;  // it gave up: more than `limit` candidates at one node; nothing below is valid
-    bool prob_break = false;
+    bool has_break = false;
     std::map<const Node *, std::string> tags;
     std::map<const Node *, bool> selected;
 };
 
-LiteralProposal propose_literally(Node *root, std::size_t limit);
+LiteralProposal propose_literally(const Corpus &corpus, int tree, std::size_t limit);
 
 }  // namespace brindle::test

@@ -2,35 +2,31 @@
 
 #include <gtest/gtest.h>
 
-#include "corpus/readtrees.hpp"
-#include "model/forest.hpp"
+#include "corpus/reader.hpp"
+#include "edit/change.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
 #include "propose/literal_proposal.hpp"
-#include "stats/changes.hpp"
-#include "stats/links.hpp"
+#include "propose/run.hpp"
 #include "stats/verify.hpp"
-#include "support/corpus.hpp"
-#include "support/random_corpus.hpp"
+#include "support/random_edits.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle::test {
 namespace {
 
-// Proposes tree t and says where the result differs from the literal one; "" if nowhere. `too_many` is raised
-// when the literal enumeration had to give up.
-std::string difference(int t, int &too_many) {
-    const LiteralProposal expected = propose_literally(forest[std::size_t(t)].root, 3000);
-    batch_propose(t);
-    if (expected.too_many) return ++too_many, "";
+// Proposes tree t, and says where the result differs from the literal one; "" if nowhere.
+std::string difference(Corpus &corpus, int t, Proposer &proposer, const LiteralProposal &expected) {
+    const bool has_break = proposer.propose(t);
+    if (expected.too_many) return "";
     std::string found;
-    for_each_in_subtree(forest[std::size_t(t)].root, [&](Node *node) {
-        if (text_of(node->sem) != expected.tags.at(node) ||
-            node->selected != expected.selected.contains(node))
-            found += path_of(node) + ": " + std::string(text_of(node->sem)) + " for " +
+    for_each_in_subtree(corpus.tree(t).root, [&](Node *node) {
+        if (text_of(node->sem()) != expected.tags.at(node) ||
+            node->selected() != expected.selected.contains(node))
+            found += path_of(node) + ": " + std::string(text_of(node->sem())) + " for " +
                      expected.tags.at(node) + "\n";
     });
-    if (prob_break != expected.prob_break) found += "prob_break";
-    return found;
+    return has_break == expected.has_break ? found : found + "break";
 }
 
 struct ShapeCase {
@@ -51,22 +47,30 @@ TEST_P(LiterallyProposed, is_what_the_proposal_is) {
     int too_many = 0, compared = 0, built = 0;
     for (int seed = 0; seed < c.corpora; ++seed) {
         Random random(static_cast<unsigned>(seed));
-        make_random_corpus(c.shape, random);
-        for (auto &bucket : lex_table)
+        Corpus corpus;
+        read_trees(corpus, random_corpus(c.shape, random));
+        for (auto &bucket : corpus.statistics->lex_table)
             for (LexEntry *word = bucket.first; word; word = word->next)
                 if (random.chance(c.weight)) word->checked_count += 2'000'000'000;
-        for (int t = 0; t < amount; ++t) {
-            for (int i = random.below(4); i > 0; --i) set_checked(random.below(amount), random.chance(0.5));
-            set_checked(t, false);
-            ASSERT_EQ(difference(t, too_many), "") << "seed " << seed << ", tree " << t;
+        Proposer proposer(corpus);  // keeps what it knows from tree to tree
+        for (int t = 0; t < corpus.amount(); ++t) {
+            for (int i = random.below(4); i > 0; --i)
+                set_checked(corpus, random.below(corpus.amount()), random.chance(0.5));
+            if (random.chance(0.3)) {
+                Node *node = random_node(corpus.tree(random.below(corpus.amount())).root, random);
+                set_tag(corpus, node, random_tag(c.shape, random));
+            }
+            set_checked(corpus, t, false);
+            const LiteralProposal expected = propose_literally(corpus, t, 3000);
+            ASSERT_EQ(difference(corpus, t, proposer, expected), "") << "seed " << seed << ", tree " << t;
             ++compared;
-            if (!prob_break) ++built;
+            too_many += expected.too_many;
+            built += !expected.too_many && !expected.has_break;
         }
-        ASSERT_EQ(c.weight == 0 ? verify_tables() : "", "") << "seed " << seed;
+        ASSERT_EQ(c.weight == 0 ? verify(corpus) : "", "") << "seed " << seed;
     }
     EXPECT_LT(too_many, compared / 2) << "of " << compared;
     EXPECT_GT(built, compared / 10);  // else hardly any combination was tried
-    reset_all();
 }
 
 INSTANTIATE_TEST_SUITE_P(Shapes, LiterallyProposed,
@@ -83,75 +87,88 @@ INSTANTIATE_TEST_SUITE_P(Shapes, LiterallyProposed,
                                          ShapeCase{"nothing_checked", {3, 4, 3, 2, 2, 3, 0}, 20, 0}),
                          [](const auto &c) { return std::string(c.param.name); });
 
-// Proposes the last tree; its tags in document order, a star before those of selected nodes.
-std::string proposed() {
-    batch_propose(amount - 1);
+// Proposes the last tree; its tags in document order, a star before those of selected nodes, and whether
+// there was a break.
+std::string proposed(Corpus &corpus) {
+    const bool has_break = batch_propose(corpus, corpus.amount() - 1);
     std::string tags;
-    for_each_in_subtree(forest.back().root, [&](Node *node) {
-        tags += (tags.empty() ? "" : " ") + std::string(node->selected ? "*" : "") +
-                std::string(node->sem ? node->sem->view() : "-");
+    for_each_in_subtree(corpus.trees.back().root, [&](const Node *node) {
+        tags += (node->selected() ? "*" : "") + std::string(node->sem() ? node->sem()->view() : "-") + " ";
     });
-    return tags;
+    return tags + (has_break ? "break" : "");
 }
 
 TEST(Proposal, infers_a_mother_from_its_daughters) {
-    const Corpus c("* ( (S|f(d1) NP|n/john VP|v/walks))\n( (S|old NP/john VP/walks))");
-    EXPECT_EQ(proposed(), "f(d1) n v");
-    EXPECT_FALSE(prob_break);
-    EXPECT_EQ(text_of(c.at(".", 1)->undo_sem), "old");
-    EXPECT_EQ(MODIFIED, 3);
+    TestCorpus c("* ( (S|f(d1) NP|n/john VP|v/walks))\n( (S|old NP/john VP/walks))");
+    EXPECT_EQ(proposed(c), "f(d1) n v ");
+    EXPECT_EQ(text_of(c.undo_of(c.at(".", 1)).undo_sem), "old");
+    EXPECT_EQ(c.unsaved_changes, 3);
 }
 
 TEST(Proposal, says_no_match_where_checked_trees_are_silent) {
-    const Corpus c("( (S|s NP|n/john))\n( (S (X) (Y Z/john)))");
-    EXPECT_EQ(proposed(), "*NO_MATCH NO_MATCH *NO_MATCH NO_MATCH");
-    EXPECT_TRUE(prob_break);
+    TestCorpus c("( (S|s NP|n/john))\n( (S (X) (Y Z/john)))");
+    EXPECT_EQ(proposed(c), "*NO_MATCH NO_MATCH *NO_MATCH NO_MATCH break");
 }
 
-TEST(Proposal, a_word_seen_under_other_categories_only_has_no_candidate) {
-    const Corpus c("* ( (S|s NP|n/john VP|v/walks))\n( (S NN/john VP/walks))");
-    EXPECT_EQ(proposed(),
-              "s NO_MATCH v");  // the silent daughter does not stand in the way of the combination
-    EXPECT_FALSE(prob_break);
+TEST(Proposal, a_silent_daughter_does_not_stand_in_the_way_of_a_combination) {
+    TestCorpus c("* ( (S|s NP|n/john VP|v/walks))\n( (S NN/john VP/walks))");
+    EXPECT_EQ(proposed(c), "s NO_MATCH v ") << "the word was seen under another category only";
 }
 
 TEST(Proposal, falls_back_on_the_category_where_no_combination_is_known) {
     // NP over two daughters occurs, but never over DT and NN/cat: the category's own frequency decides.
-    const Corpus c(
+    TestCorpus c(
         "* ( (S|s (NP|a DT/the NN|dog/dog) VP|v/barks))\n"
         "* ( (S|s (NP|b NN|cat/cat) VP|v/sleeps))\n"
         "( (S (NP DT/the NN/cat) VP/sleeps))");
-    EXPECT_EQ(proposed(), "s *a - cat v");
-    EXPECT_TRUE(prob_break);
+    EXPECT_EQ(proposed(c), "s *a - cat v break");
 }
 
 TEST(Proposal, a_leaf_without_a_word_takes_its_categorys_most_frequent_tag) {
-    const Corpus c("* ( (S|s (NP|a N|n/x)))\n* ( (T (NP|b) (NP|b)))\n( (NP))");
-    EXPECT_EQ(proposed(), "b");
+    TestCorpus c("* ( (S|s (NP|a N|n/x)))\n* ( (T (NP|b) (NP|b)))\n( (NP))");
+    EXPECT_EQ(proposed(c), "b ");
 }
 
 TEST(Proposal, the_first_of_two_equally_probable_ones_wins) {
-    const Corpus c("* ( (S|second A|a/x))\n* ( (S|first A|a/x))\n( (S A/x))");
-    EXPECT_EQ(proposed(), "second a");
-}
-
-// Two trees of that many nodes below each other, or beside each other; the first is checked.
-void propose_large(int nodes, bool deep) {
-    std::string text = "(S|a ";
-    for (int i = 0; i < nodes; ++i) text += deep ? "(N|b " : "W|w/w ";
-    text += deep ? "W|w/w" + std::string(static_cast<std::size_t>(nodes), ')') + ")" : ")";
-    read_forest("* (" + text + ")\n(" + text + ")", "");
-    batch_propose(1);
-    const Node *root = forest[1].root;
-    EXPECT_FALSE(prob_break);
-    EXPECT_EQ(text_of(root->sem), "a");
-    EXPECT_EQ(text_of(root->dtrs->sem), deep ? "b" : "w");
-    reset_all();
+    TestCorpus c("* ( (S|second A|a/x))\n* ( (S|first A|a/x))\n( (S A/x))");
+    EXPECT_EQ(proposed(c), "second a ");
 }
 
 TEST(Proposal, of_deep_and_wide_trees_needs_no_stack) {
-    propose_large(100000, true);
-    propose_large(100000, false);
+    const int n = 100'000;
+    std::string deep = "(S|a ", wide = "(S|a ";
+    for (int i = 0; i < n; ++i) deep += "(N|b ", wide += "W|w/w ";
+    deep += "W|w/w" + std::string(n + 1, ')');
+    for (const std::string &text : {deep, wide + ")"}) {
+        TestCorpus c("* (" + text + ")\n(" + text + ")");
+        EXPECT_FALSE(batch_propose(c, 1));
+        EXPECT_EQ(text_of(c.at(".", 1)->sem()), "a");
+        EXPECT_EQ(text_of(c.at("1", 1)->sem()), text == deep ? "b" : "w");
+    }
+}
+
+TEST(Proposal, of_the_examples_unchecked_trees_meets_no_break) {
+    TestCorpus c(example("travel.trees"));
+    int proposed = 0;
+    for (int t = 0; t < c.amount(); ++t) {
+        if (c.tree(t).checked) continue;
+        EXPECT_FALSE(batch_propose(c, t)) << c.text(t);
+        EXPECT_NE(c.at(".", t)->sem(), nullptr) << c.text(t);
+        ++proposed;
+    }
+    EXPECT_EQ(proposed, 52);
+}
+
+TEST(Proposal, among_any_other_work_keeps_the_statistics_sound) {
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        TestCorpus c(random_corpus(seed, 8, 4));
+        RandomEdits edits(c, seed, 4);
+        edits.add({"propose", 4, [&](Node *node) { propose_tree(c, node->tree()); }});
+        for (int i = 0; i < 100; ++i) {
+            edits.step();
+            ASSERT_EQ(verify(c), "") << "seed " << seed << ", step " << i;
+        }
+    }
 }
 
 }  // namespace

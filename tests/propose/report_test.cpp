@@ -3,30 +3,28 @@
 #include <gtest/gtest.h>
 
 #include "propose/propose.hpp"
-#include "support/corpus.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle::test {
 namespace {
 
 // The whole report of a run over these trees.
-std::string report(const SelectionChoice &choice) {
-    CORPUS = "towns";
-    begin_batch();
+std::string report(Corpus &corpus, const SelectionChoice &choice) {
+    corpus.name = "towns";
+    Run run(corpus, select_trees(corpus, choice));
     int last = 0;
-    const std::string text = propose_and_evaluate({nullptr, select_trees(choice), {}}, choice, last);
-    end_batch();
-    return text;
+    return propose_and_evaluate(run, choice, last);
 }
 
 TEST(report, of_proposals_against_the_annotations) {
-    const Corpus c(
+    TestCorpus c(
         "* ( (S|s NP|n/john VP|v/walks) )\n"
         "* ( (S|s NP|n/john VP|w/talks) )\n"
         "( (S|s NP|n/john VP|v/walks) )\n"  // right
         "( (S|s NP|x/john VP|v/walks) )\n"  // a new terminal
         "( (S NP|n/john VP|w/walks) )\n");  // a new nonterminal, a new terminal
     EXPECT_EQ(
-        report({TreeTypes::unchecked, 1, 5}),
+        report(c, {TreeTypes::unchecked, 1, 5}),
         "\nEvaluation of applying the propose function in batch mode to\nthe file: \ttowns"
         "\nSize of training set: 2 trees"
         "\n\nLabel types in training set:\n\nsemantic: \t4\nsyntactic: \n\tnonterminals: \t1\n\tterminals: "
@@ -56,8 +54,8 @@ TEST(report, of_proposals_against_the_annotations) {
 }
 
 TEST(report, of_nothing) {
-    const Corpus c("( (S) )\n");
-    const std::string text = report({TreeTypes::checked, 1, 1});
+    TestCorpus c("( (S) )\n");
+    const std::string text = report(c, {TreeTypes::checked, 1, 1});
     EXPECT_NE(text.find("lexical item:\t 0.00\nnonterminal:\t 0.00\nterminal:\t 0.00"), std::string::npos);
     EXPECT_NE(text.find("for nonterminal nodes: \t1.00\nfor lexical items: \t1.00"), std::string::npos);
     EXPECT_NE(text.find("Correct trees:       \t100.00%"), std::string::npos);
@@ -68,8 +66,8 @@ TEST(report, of_nothing) {
 }
 
 TEST(report, warns_of_shrinking_training_sets_random_choices_and_earlier_proposals) {
-    const Corpus c("* ( (S|NO_MATCH) )\n* ( (S|NO_MATCH) )\n");
-    const std::string text = report({TreeTypes::checked, 1, 2, true, 1, 7});
+    TestCorpus c("* ( (S|NO_MATCH) )\n* ( (S|NO_MATCH) )\n");
+    const std::string text = report(c, {TreeTypes::checked, 1, 2, true, 1, 7});
     EXPECT_NE(
         text.find("\nATTENTION!!\nThe string \"NO_MATCH\" occurred as a label in the previous annotations "
                   "of\nthe proposed trees.\nThis suggests"),
@@ -83,12 +81,12 @@ TEST(report, warns_of_shrinking_training_sets_random_choices_and_earlier_proposa
 }
 
 TEST(report, scores_new_nodes_apart_from_wrong_ones) {
-    const Corpus c(
+    TestCorpus c(
         "* ( (S|s NP|n/john) )\n* ( (S|t NP|n/john) )\n* ( (S|s NP|n/john) )\n"
         "( (S|t NP|new/john) )\n");
-    batch_propose(3);
+    batch_propose(c, 3);
     ProposalResults results;
-    EXPECT_EQ(get_p_results(results, forest[3].root), 1001) << "S is s, which is wrong; NP's tag was new";
+    EXPECT_EQ(compare_with_previous(results, c, 3), 1001) << "S is s, which is wrong; NP's tag was new";
     EXPECT_EQ(results.wrong_nonterminals, 1);
     EXPECT_EQ(results.new_terminals, 1);
     EXPECT_EQ(results.correct_nodes, 0);

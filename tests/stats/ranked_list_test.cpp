@@ -1,136 +1,81 @@
-// The ranked list against the literal procedure: a vector that is bubble-sorted after every change.
+// Ranked lists against the literal procedure: a vector that is sorted stably after every change.
 #include "stats/ranked_list.hpp"
 
 #include <gtest/gtest.h>
 
-#include <random>
+#include <algorithm>
 #include <vector>
+
+#include "support/random_corpus.hpp"
 
 namespace brindle::test {
 namespace {
 
-struct Item : Ranked<Item> {
-    int number = 0;
-    Item *next = nullptr;
-    Item *prev = nullptr;
-
-    using Key = int;
-    Key key() const { return number; }
-    void set_key(Key k) { number = k; }
-    static std::uint64_t hash(Key k) { return static_cast<std::uint64_t>(k); }
+struct Item {
+    int checked_count = 0;
+    int list = -1;  // which list it is in; -1: none
+    RankHook by_rank = {};
 };
 
-struct Plain {
-    int number, count, checked_count;
-    bool operator==(const Plain &) const = default;
+struct Items {
+    std::vector<Item> &items;
+    RankHook &hook(std::uint32_t number) const { return items[number].by_rank; }
+    int checked_count(std::uint32_t number) const { return items[number].checked_count; }
 };
 
-void PrintTo(const Plain &p, std::ostream *out) {
-    *out << p.number << ':' << p.count << '(' << p.checked_count << ')';
-}
-
-void bubble_sort(std::vector<Plain> &list) {
-    for (bool exchanged = true; exchanged;) {
-        exchanged = false;
-        for (std::size_t i = 1; i < list.size(); ++i)
-            if (list[i].checked_count > list[i - 1].checked_count) {
-                std::swap(list[i], list[i - 1]);
-                exchanged = true;
-            }
-    }
-}
-
-// One random operation on a random key, done to both.
+// Two lists that share their groups, and their literal twins.
 class Twins {
   public:
-    // The order is asked for after one in so many steps.
-    Twins(unsigned seed, int keys, int chance_of_question)
-        : random_(seed), keys_(keys), chance_of_question_(chance_of_question) {}
+    Twins(unsigned seed, int items) : random_(seed), items_(static_cast<std::size_t>(items) + 1) {}
 
     void step() {
-        const int number = below(keys_);
-        Item *item = list_.find(number);
-        const auto plain =
-            std::find_if(plain_.begin(), plain_.end(), [&](const Plain &p) { return p.number == number; });
-        ASSERT_EQ(item != nullptr, plain != plain_.end());
-        const bool checked = below(2) == 0;
-        const int operation = below(8);
-        if (!item || operation < 3)
-            add(number, checked);
-        else if (operation < 5)
-            take(item, plain);
-        else
-            check(item, plain);
-        bubble_sort(plain_);
-        ASSERT_EQ(list_.fault(), nullptr);
-        if (below(chance_of_question_) == 0) {
-            ASSERT_EQ(contents(), plain_);
+        const auto number =
+            static_cast<std::uint32_t>(1 + random_.below(static_cast<int>(items_.size()) - 1));
+        Item &item = items_[number];
+        if (item.list < 0) {
+            item.list = random_.below(2);
+            const auto &plain = plain_[item.list];
+            item.checked_count = plain.empty() ? random_.below(3) : items_[plain.back()].checked_count;
+            plain_[item.list].push_back(number);
+            ranking_.append(lists_[item.list], number);
+        } else if (const int kind = random_.below(10); kind == 0) {
+            std::erase(plain_[item.list], number);
+            ranking_.remove(lists_[item.list], number);
+            item.list = -1;
+        } else if (kind < 6) {
+            ++item.checked_count;
+            ranking_.raised(lists_[item.list], number);
+        } else if (item.checked_count > 0) {
+            --item.checked_count;
+            ranking_.lowered(lists_[item.list], number);
         }
+        for (int l : {0, 1}) compare(l);
     }
-
-    void take_all() {
-        while (list_.first()) take(list_.first(), plain_.begin());
-        EXPECT_TRUE(plain_.empty());
-    }
-
-    ~Twins() { list_.clear(pool_); }
 
   private:
-    int below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
-
-    void add(int number, bool checked) {
-        list_.count_one_more(number, checked, pool_);
-        for (Plain &p : plain_)
-            if (p.number == number) {
-                ++p.count;
-                p.checked_count += checked;
-                return;
-            }
-        plain_.push_back({number, 1, checked});
+    void compare(int l) {
+        std::ranges::stable_sort(plain_[l], std::greater(), [&](auto n) { return items_[n].checked_count; });
+        std::vector<std::uint32_t> found;
+        for (std::uint32_t n = lists_[l].first; n; n = items_[n].by_rank.next) found.push_back(n);
+        ASSERT_EQ(found, plain_[l]);
+        ASSERT_EQ(ranking_.fault(lists_[l]), nullptr);
     }
 
-    void take(Item *item, std::vector<Plain>::iterator plain) {
-        const bool checked = item->checked_count > 0 && (item->checked_count == item->count || below(2));
-        plain->checked_count -= checked;
-        if (--plain->count == 0) plain_.erase(plain);
-        list_.count_one_less(item, checked, pool_);
-    }
-
-    void check(Item *item, std::vector<Plain>::iterator plain) {
-        if (item->checked_count < item->count) {
-            list_.raise(item);
-            ++plain->checked_count;
-        } else {
-            list_.lower(item);
-            --plain->checked_count;
-        }
-    }
-
-    std::vector<Plain> contents() const {
-        std::vector<Plain> result;
-        for (const Item *i = list_.first(); i; i = i->next)
-            result.push_back({i->number, i->count, i->checked_count});
-        return result;
-    }
-
-    std::mt19937 random_;
-    int keys_;
-    int chance_of_question_;
-    Pool<Item> pool_;
-    RankedList<Item> list_;
-    std::vector<Plain> plain_;
+    Random random_;
+    std::vector<Item> items_;
+    RankGroups groups_;
+    Ranking<Items> ranking_{{items_}, groups_};
+    RankedList lists_[2];
+    std::vector<std::uint32_t> plain_[2];
 };
 
-TEST(ranked_list, is_what_a_bubble_sort_after_every_change_gives) {
-    for (const int keys : {1, 2, 3, 5, 9, 30, 100})
-        for (const int chance : {1, 20, 300})
-            for (unsigned seed = 0; seed < 5; ++seed) {
-                Twins twins(seed, keys, chance);
-                for (int i = 0; i < 600; ++i) {
-                    ASSERT_NO_FATAL_FAILURE(twins.step()) << keys << " keys, seed " << seed << ", step " << i;
-                }
-                twins.take_all();
-            }
+TEST(ranked_list, is_what_a_stable_sort_after_every_change_gives) {
+    for (const int items : {1, 2, 3, 5, 9, 30, 100})
+        for (unsigned seed = 0; seed < 5; ++seed) {
+            Twins twins(seed, items);
+            for (int i = 0; i < 600; ++i)
+                ASSERT_NO_FATAL_FAILURE(twins.step()) << items << " items, seed " << seed << ", step " << i;
+        }
 }
 
 }  // namespace

@@ -5,76 +5,76 @@
 
 #include <utility>
 
-#include "support/corpus.hpp"
+#include "support/test_corpus.hpp"
 
 namespace brindle::test {
 namespace {
 
-// What verify_tables says while the value is another one.
-template <class T, class Value>
-std::string with(T &place, Value value) {
-    const T before = std::exchange(place, static_cast<T>(value));
-    std::string difference = verify_tables();
-    place = before;
-    return difference;
-}
+class Verify : public testing::Test {
+  protected:
+    // What `verify` says while the value is another one.
+    template <class T, class Value>
+    std::string with(T &place, Value value) {
+        const T before = std::exchange(place, static_cast<T>(value));
+        std::string difference = verify(c);
+        place = before;
+        return difference;
+    }
+    Unit *unit(std::string_view path) { return c.at(path)->unit(); }
+    Context &context(const Unit *unit) { return c.statistics->contexts[unit->contexts.first]; }
 
-constexpr const char *two_trees = "* ( (S (NP|x NN|y/cats NN/dogs) (VP VB/run)) )\n( (S (NP NN/cats)) )";
+    TestCorpus c{"* ( (S (NP|x NN|y/cats NN/dogs) (VP VB/run) (NP)) )\n( (S (NP NN/cats)) )"};
+};
 
-TEST(verify, a_wrong_count_anywhere) {
-    Corpus c(two_trees);
-    LabelLink *link = nonterm("NP")->links.first();
-    ParentRecord *record = term("NN")->links.first()->parents.first();
-    LexLink *wordlink = word("cats")->links.first();
-    for (std::int32_t *count : {&sem("x")->count, &nonterm("S")->checked_count, &word("cats")->count,
-                                &link->count, &link->checked_count, &record->count, &record->checked_count,
-                                &wordlink->count, &wordlink->parents.first()->count})
+TEST_F(Verify, a_wrong_count_anywhere) {
+    Unit *const cats = unit("1.1"), *const np = unit("1");
+    for (std::int32_t *count :
+         {&c.sem("x")->count, &c.sem("x")->checked_count, &c.nonterm("S")->checked_count,
+          &c.word("cats")->count, &np->count, &np->checked_count, &cats->count, &cats->pair->count,
+          &context(cats).count, &context(cats).checked_count, &context(cats->pair).count,
+          &c.nonterm("NP")->pairs.length})
         EXPECT_NE(with(*count, *count + 1), "");
     EXPECT_EQ(
-        with(word("cats")->count, 7),
+        with(c.word("cats")->count, 7),
         "word: kind 5, category none, tag none, word \"cats\", below none none at 0 of 0: 7 (1 checked), "
         "the trees have 2 (1)");
 }
 
-TEST(verify, nodes_that_the_tables_do_not_know) {
-    Corpus c(two_trees);
-    Node *n = c.at("1.1");
-    EXPECT_NE(with(n->sem, nullptr), "");
-    EXPECT_NE(with(n->syn, intern("VB")), "");
-    EXPECT_NE(with(n->lex, intern("dogs")), "");
-    EXPECT_NE(with(n->undo_sem, intern("x")), "");
-    EXPECT_NE(with(n->position, 2), "");
-    EXPECT_NE(with(c.at("1")->nr_of_dtrs, 1), "");
+TEST_F(Verify, nodes_that_the_statistics_do_not_know) {
+    Node *const n = c.at("1.1");
+    Unit *const own = n->unit();
+    n->set_unit(unit("1.2"));
+    EXPECT_NE(verify(c), "") << "another unit";
+    n->set_unit(own);
+    n->set_position(2);
+    EXPECT_NE(verify(c), "") << "another position";
+    n->set_position(1);
+    n->set_tree(1);
+    EXPECT_NE(verify(c), "") << "another tree";
+    n->set_tree(0);
+    c.at("1")->set_nr_of_dtrs(1);
+    EXPECT_NE(verify(c), "") << "another number of daughters";
+    c.at("1")->set_nr_of_dtrs(2);
+    EXPECT_NE(with(c.undo_for_change(n).undo_sem, c.labels.intern("x")), "");
     EXPECT_NE(with(c.tree(1).checked, true), "");
 }
 
-TEST(verify, broken_chains_lists_and_references) {
-    Corpus c(two_trees);
-    EXPECT_NE(with(intern("x")->sem, nullptr), "");
-    EXPECT_NE(with(intern("cats")->word, nullptr), "");
-    EXPECT_NE(with(table[intern("NN")->bucket].last, nullptr), "");
-    LabelLink *link = nonterm("NP")->links.first();
-    EXPECT_NE(with(link->next, nullptr), "");
-    EXPECT_NE(with(link->next->prev, nullptr), "");
-    EXPECT_NE(with(link->label, sem("y")), "");
-    EXPECT_NE(with(sem("x")->next, sem("x")->next ? nullptr : sem("y")), "");
-    std::swap(link->checked_count, link->next->checked_count);
-    EXPECT_NE(verify_tables(), "") << "out of order";
-    std::swap(link->checked_count, link->next->checked_count);
-}
-
-TEST(verify, contexts_of_a_category_that_are_asked_for) {
-    Corpus c(two_trees);
-    LabelEntry *np = nonterm("NP");
-    const Context context = context_of(c.at("1"));
-    ASSERT_TRUE(tags_above(np, context.path()));
-    EXPECT_EQ(verify_tables(), "");
-    TagCounts &tags = (*np->contexts)[context.path()];
-    ++tags[context.sem];
-    EXPECT_NE(verify_tables(), "");
-    tags.erase(context.sem);
-    EXPECT_NE(verify_tables(), "");
-    tags[context.sem] = 1;
+TEST_F(Verify, broken_chains_lists_and_references) {
+    Label *const x = c.labels.intern("x"), *const nn = c.labels.intern("NN"),
+                 *const cats = c.labels.intern("cats");
+    EXPECT_NE(with(x->sem, nullptr), "");
+    EXPECT_NE(with(cats->word, nullptr), "");
+    EXPECT_NE(with(c.statistics->table[nn->bucket].last, nullptr), "");
+    EXPECT_NE(with(c.statistics->table[x->bucket].first, nullptr), "");
+    Unit *const u = c.statistics->first_of(c.nonterm("NP")->pairs);
+    EXPECT_NE(with(u->by_owner.next, 0), "");
+    EXPECT_NE(with(c.statistics->next_of_owner(u)->by_owner.prev, 0), "");
+    EXPECT_NE(with(u->by_owner.group, u->by_owner.group + 1), "");
+    EXPECT_NE(with(c.sem("")->pairs.first, 0), "");
+    EXPECT_NE(with(c.sem("x")->pairs.first, c.sem("y")->pairs.first), "");
+    EXPECT_NE(with(unit("1.1")->pair, unit("1.2")->pair), "");
+    EXPECT_NE(with(context(unit("1.1")).mother, c.units.number_of(unit("2"))), "");
+    EXPECT_NE(with(context(unit("1.1")).dtr_nr, 2), "");
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
 #pragma once
-// Files for tests: an empty folder, what a file holds, a disk that is full.
+// Files for tests: an empty folder, what a file holds, a disk that is full, a corpus as a file would hold it.
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -9,7 +9,7 @@
 #include <iterator>
 #include <string>
 
-#include "model/text_sink.hpp"
+#include "corpus/writetrees.hpp"
 
 namespace brindle::test {
 
@@ -18,6 +18,13 @@ struct StringSink : TextSink {
     bool write(std::string_view piece) override { return text += piece, true; }
     std::string text;
 };
+
+// The corpus as it is saved.
+inline std::string saved(const Corpus &corpus) {
+    StringSink sink;
+    save_corpus(corpus, sink);
+    return sink.text;
+}
 
 // The bytes of a file; "" if there is none.
 inline std::string contents(const std::filesystem::path &file) {

@@ -5,7 +5,6 @@
 #include <fmt/format.h>
 
 #include "model/traversal.hpp"
-#include "support/corpus.hpp"
 
 namespace brindle::test {
 namespace {
@@ -24,7 +23,7 @@ std::vector<Node *> in_order(Node *root) {
 }
 
 void store_order(Node *node, std::vector<Node *> &nodes) {
-    for (Node *d = node->dtrs; d; d = d->sister) store_order(d, nodes);
+    for (Node *d = node->dtrs(); d; d = d->sister()) store_order(d, nodes);
     nodes.push_back(node);
 }
 
@@ -40,21 +39,21 @@ void bubble_sort(std::vector<Element> &list) {
     }
 }
 
-// One line an entry, one a link.
-template <class Link>
-std::string line_of(const Link &name, int count, int checked, const std::string &contexts) {
-    return fmt::format("  {}:{}({}) [{}]\n", name, count, checked, contexts);
-}
-
 }  // namespace
 
+LiteralTables::LiteralTables(const Corpus &corpus) : corpus_(corpus) {
+    for (const Tree &tree : corpus.trees) store_tree(tree.root, tree.checked);
+}
+
 LiteralTables::Labels LiteralTables::labels_of(const Node *node) {
-    return {std::string(node->syn->view()), std::string(text_of(node->sem)), std::string(text_of(node->lex)),
-            static_cast<int>(category_kind(node))};
+    return {std::string(node->syn()->view()), std::string(text_of(node->sem())),
+            std::string(text_of(node->lex())),
+            static_cast<int>(node->lex() ? LabelKind::TERM : LabelKind::NONTERM)};
 }
 
 std::string LiteralTables::context_of(const Node *node, const Labels &mother) {
-    return fmt::format("{}|{} {}/{}", mother.syn, shown(mother.sem), dtr_nr(node), nr_of_sisters(node));
+    return fmt::format("{}|{} {}/{}", mother.syn, shown(mother.sem), node->position(),
+                       node->mother()->nr_of_dtrs());
 }
 
 LiteralTables::Chain &LiteralTables::chain(const std::string &name, int kind) {
@@ -104,13 +103,13 @@ void LiteralTables::count_context(const Labels &l, const std::string &context, i
     count(count(entry(l.syn, l.kind).links, shown(l.sem), 0, 0)->contexts, context, by, checked_by);
 }
 
-void LiteralTables::count_contexts_around(const Node *node, const Labels &labels, int by, bool checked) {
-    const int checked_by = checked ? by : 0;
+void LiteralTables::count_contexts_around(const Node *node, const Labels &labels, int by) {
+    const int checked_by = is_checked(node) ? by : 0;
     std::vector<const Node *> daughters;
-    for (const Node *d = node->dtrs; d; d = d->sister) daughters.push_back(d);
+    for (const Node *d = node->dtrs(); d; d = d->sister()) daughters.push_back(d);
     for (auto d = daughters.rbegin(); d != daughters.rend(); ++d)
         count_context(labels_of(*d), context_of(*d, labels), by, checked_by);
-    if (node->mother) count_context(labels, context_of(node, labels_of(node->mother)), by, checked_by);
+    if (node->mother()) count_context(labels, context_of(node, labels_of(node->mother())), by, checked_by);
 }
 
 void LiteralTables::store_tree(Node *root, bool checked) {
@@ -124,8 +123,8 @@ void LiteralTables::store_tree(Node *root, bool checked) {
         count_links(l, 1, checked);
     }
     for (const Node *node : in_order(root))
-        if (node->mother)
-            count_context(labels_of(node), context_of(node, labels_of(node->mother)), 1, checked);
+        if (node->mother())
+            count_context(labels_of(node), context_of(node, labels_of(node->mother())), 1, checked);
 }
 
 void LiteralTables::handle_undo(const Label *release, const Label *retain) {
@@ -134,48 +133,59 @@ void LiteralTables::handle_undo(const Label *release, const Label *retain) {
 }
 
 // The node gets its new tag or category, which the changed kind tells.
-void LiteralTables::change(const Node *node, const Labels &to, int kind, bool checked) {
+void LiteralTables::change(const Node *node, const Labels &to, int kind) {
     const Labels from = labels_of(node);
     const bool tag = kind == sem_kind;
-    count_contexts_around(node, from, -1, checked);
-    count_links(from, -1, checked ? -1 : 0);
-    count_entry(tag ? from.sem : from.syn, kind, -1, checked ? -1 : 0);
+    const int checked = is_checked(node);
+    count_contexts_around(node, from, -1);
+    count_links(from, -1, -checked);
+    count_entry(tag ? from.sem : from.syn, kind, -1, -checked);
     count_entry(tag ? to.sem : to.syn, kind, 1, checked);
     count_links(to, 1, checked);
-    count_contexts_around(node, to, 1, checked);
+    count_contexts_around(node, to, 1);
 }
 
-void LiteralTables::change_tag(const Node *node, const std::string &tag, bool checked) {
-    handle_undo(node->undo_sem, node->sem);
-    if (!node->changed) handle_undo(nullptr, node->sem);
+void LiteralTables::change_tag(const Node *node, const std::string &tag) {
+    handle_undo(corpus_.undo_of(node).undo_sem, node->sem());
+    if (!node->changed()) handle_undo(nullptr, node->sem());
     Labels to = labels_of(node);
     to.sem = tag;
-    change(node, to, sem_kind, checked);
+    change(node, to, sem_kind);
 }
 
-void LiteralTables::change_category(const Node *node, const std::string &category, bool checked) {
+void LiteralTables::change_category(const Node *node, const std::string &category) {
     Labels to = labels_of(node);
     to.syn = category;
-    change(node, to, to.kind, checked);
+    change(node, to, to.kind);
 }
 
-void LiteralTables::undo_all(const Node *node, bool checked) {
-    if (!node->changed) return;
-    change_tag(node, std::string(text_of(node->orig_sem)), checked);
-    handle_undo(node->orig_sem, nullptr);
+void LiteralTables::undo_last(const Node *node) {
+    const Label *const undo = corpus_.undo_of(node).undo_sem;
+    if (node->changed() || undo) change_tag(node, std::string(text_of(undo)));
 }
 
-void LiteralTables::reset(const Node *node) {
-    handle_undo(node->undo_sem, nullptr);
-    handle_undo(node->orig_sem, nullptr);
+void LiteralTables::undo_all(const Node *node) {
+    if (!node->changed()) return;
+    const Label *const original = corpus_.undo_of(node).orig_sem;
+    change_tag(node, std::string(text_of(original)));
+    handle_undo(original, nullptr);
 }
 
-void LiteralTables::set_checked(Node *root, bool checked) {
+void LiteralTables::forget_edits() {
+    for (const Tree &tree : corpus_.trees)
+        for_each_in_subtree(tree.root, [this](const Node *node) {
+            handle_undo(corpus_.undo_of(node).undo_sem, nullptr);
+            handle_undo(corpus_.undo_of(node).orig_sem, nullptr);
+        });
+}
+
+void LiteralTables::set_checked(int tree, bool checked) {
+    if (corpus_.tree(tree).checked == checked) return;
     const int by = checked ? 1 : -1;
-    for (const Node *node : in_order(root)) {
+    for (const Node *node : in_order(corpus_.tree(tree).root)) {
         const Labels l = labels_of(node);
         count_links(l, 0, by);
-        if (node->mother) count_context(l, context_of(node, labels_of(node->mother)), 0, by);
+        if (node->mother()) count_context(l, context_of(node, labels_of(node->mother())), 0, by);
         count_entry(l.sem, sem_kind, 0, by);
         count_entry(l.syn, l.kind, 0, by);
         if (!l.lex.empty()) count_entry(l.lex, 0, 0, by);
@@ -187,38 +197,16 @@ std::string LiteralTables::text() const {
     for (const auto *chains : {&table_, &lex_table_})
         for (const Chain &chain : *chains)
             for (const Entry &e : chain) {
-                out += fmt::format("{} {}:{}({})\n", e.kind, shown(e.name), e.count, e.checked_count);
+                out += fmt::format("{} {}:{}({}):", e.kind, shown(e.name), e.count, e.checked_count);
                 for (const Element &link : e.links) {
-                    std::string contexts;
+                    std::vector<std::string> contexts;
                     for (const Element &c : link.contexts)
-                        contexts += fmt::format("{}{}:{}({})", contexts.empty() ? "" : " ", c.name, c.count,
-                                                c.checked_count);
-                    out += line_of(link.name, link.count, link.checked_count, contexts);
+                        contexts.push_back(fmt::format("{}:{}({})", c.name, c.count, c.checked_count));
+                    out += fmt::format(" {}:{}({})", link.name, link.count, link.checked_count);
+                    if (e.kind != sem_kind) out += fmt::format(" [{}]", fmt::join(contexts, " "));
                 }
+                out += '\n';
             }
-    return out;
-}
-
-std::string LiteralTables::text_of_real_tables() {
-    std::string out;
-    const auto name_of = [](const LabelEntry *e) { return shown(std::string(text_of(e->name))); };
-    for (const auto &bucket : table)
-        for (const LabelEntry *e = bucket.first; e; e = e->next) {
-            const int kind = static_cast<int>(e->kind);
-            out += fmt::format("{} {}:{}({})\n", kind, name_of(e), e->count, e->checked_count);
-            for (const LabelLink *l = e->links.first(); l; l = l->next) {
-                std::string name = name_of(l->label);
-                if (kind == sem_kind) name += fmt::format("/{}", static_cast<int>(l->label->kind));
-                out += line_of(name, l->count, l->checked_count, contexts(l->parents));
-            }
-        }
-    for (const auto &bucket : lex_table)
-        for (const LexEntry *e = bucket.first; e; e = e->next) {
-            out += fmt::format("0 {}:{}({})\n", e->name->view(), e->count, e->checked_count);
-            for (const LexLink *l = e->links.first(); l; l = l->next)
-                out += line_of(name_of(l->syn) + "|" + name_of(l->sem), l->count, l->checked_count,
-                               contexts(l->parents));
-        }
     return out;
 }
 

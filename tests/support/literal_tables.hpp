@@ -6,27 +6,26 @@
 #include <string>
 #include <vector>
 
-#include "model/node.hpp"
+#include "model/corpus.hpp"
 
 namespace brindle::test {
 
 class LiteralTables {
   public:
-    // Stores a tree under the flag, as the corpus reader does.
-    void store_tree(Node *root, bool checked);
+    // The tables of the corpus as its reader makes them.
+    explicit LiteralTables(const Corpus &corpus);
 
-    // Does to these tables what the change of the node's tag or category will do to the real ones. Call it
-    // before.
-    void change_tag(const Node *node, const std::string &tag, bool checked);
-    void change_category(const Node *node, const std::string &category, bool checked);
-    void undo_all(const Node *node, bool checked);
-    void set_checked(Node *root, bool checked);
-    // As after a save. Call it before the real one.
-    void reset(const Node *node);
+    // Do to these tables what the change of the corpus will do to the real ones. Call them before.
+    void change_tag(const Node *node, const std::string &tag);
+    void change_category(const Node *node, const std::string &category);
+    void undo_last(const Node *node);
+    void undo_all(const Node *node);
+    void set_checked(int tree, bool checked);
+    void forget_edits();
 
-    // Every chain with every list, each in its order. The second is that of the real tables.
+    // Every chain with every list, each in its order, as `tables` (support/test_corpus.hpp) tells the real
+    // ones.
     std::string text() const;
-    static std::string text_of_real_tables();
 
   private:
     struct Element {
@@ -49,6 +48,8 @@ class LiteralTables {
         int kind;
     };
 
+    bool is_checked(const Node *node) const { return corpus_.tree_of(node).checked; }
+    void store_tree(Node *root, bool checked);
     static Labels labels_of(const Node *node);
     static std::string context_of(const Node *node, const Labels &mother);
     Chain &chain(const std::string &name, int kind);
@@ -58,10 +59,11 @@ class LiteralTables {
     static Element *count(std::vector<Element> &list, const std::string &name, int by, int checked_by);
     void count_links(const Labels &labels, int by, int checked_by);
     void count_context(const Labels &labels, const std::string &context, int by, int checked_by);
-    void count_contexts_around(const Node *node, const Labels &labels, int by, bool checked);
-    void change(const Node *node, const Labels &to, int kind_of_changed, bool checked);
+    void count_contexts_around(const Node *node, const Labels &labels, int by);
+    void change(const Node *node, const Labels &to, int kind_of_changed);
     void handle_undo(const Label *release, const Label *retain);
 
+    const Corpus &corpus_;
     std::array<Chain, nr_of_buckets> table_, lex_table_;
 };
 

@@ -2,9 +2,7 @@
 
 #include <vector>
 
-#include "model/forest.hpp"
 #include "model/traversal.hpp"
-#include "stats/links.hpp"
 
 namespace brindle::test {
 namespace {
@@ -20,22 +18,18 @@ class TreeMaker {
     TreeMaker(const RandomShape &shape, Random &form, Random &labels)
         : shape_(shape), form_(form), labels_(labels) {}
 
-    Node *subtree(int levels, Node *mother, int position) {
-        Node *node = new_node();
-        node->mother = mother;
-        node->position = position;
-        if (levels > 1 && form_.chance(0.7)) {
-            node->nr_of_dtrs = 1 + form_.below(shape_.daughters);
-            Node **place = &node->dtrs;
-            for (int d = 1; d <= node->nr_of_dtrs; ++d, place = &(*place)->sister)
-                *place = subtree(levels - 1, node, d);
-        }
-        const bool has_word = !node->dtrs && form_.chance(0.8);
+    std::string subtree(int levels) {
+        std::string daughters;
+        if (levels > 1 && form_.chance(0.7))
+            for (int d = 1 + form_.below(shape_.daughters); d > 0; --d)
+                daughters += ' ' + subtree(levels - 1);
+        const bool has_word = daughters.empty() && form_.chance(0.8);
         const std::string tag = random_tag(shape_, source());
-        const std::string category = name(has_word ? 't' : 'N', source().below(shape_.categories));
+        std::string text = random_category(shape_, has_word, source());
+        if (!tag.empty()) text += '|' + tag;
         const std::string word = name('w', source().below(shape_.words));
-        store(intern(category), tag.empty() ? nullptr : intern(tag), has_word ? intern(word) : nullptr, node);
-        return node;
+        if (has_word) text += '/' + word;
+        return daughters.empty() ? text : '(' + text + daughters + ')';
     }
 
   private:
@@ -59,21 +53,31 @@ std::string random_tag(const RandomShape &shape, Random &random) {
     return number ? name('s', number) : std::string();
 }
 
-void make_random_corpus(const RandomShape &shape, Random &random) {
-    reset_forest();
-    tables_init();
+std::string random_category(const RandomShape &shape, bool has_word, Random &random) {
+    return name(has_word ? 't' : 'N', random.below(shape.categories));
+}
+
+std::string random_corpus(const RandomShape &shape, Random &random) {
+    std::string text;
     const int patterns_seed = random.below(1 << 30);
     for (int t = 0; t < shape.trees; ++t) {
         const int pattern = shape.patterns ? random.below(shape.patterns) : random.below(1 << 20);
         Random form(static_cast<unsigned>(patterns_seed + pattern));
-        TreeEntry &tree = forest.emplace_back();
-        tree.checked = random.chance(shape.checked);
-        const TreeCheckedScope scope(tree);
-        tree.root = TreeMaker(shape, form, random).subtree(shape.depth, nullptr, 0);
-        do_with(tree.root, parent);
-        register_root(tree.root, t);
+        text += random.chance(shape.checked) ? "*\n( " : "( ";
+        text += TreeMaker(shape, form, random).subtree(shape.depth) + " )\n";
     }
-    amount = shape.trees;
+    return text;
+}
+
+std::string random_corpus(unsigned seed, int trees, int tags_and_words) {
+    Random random(seed);
+    return random_corpus({.trees = trees,
+                          .depth = 5,
+                          .daughters = 4,
+                          .tags = tags_and_words,
+                          .words = tags_and_words,
+                          .checked = 0.5},
+                         random);
 }
 
 Node *random_node(Node *root, Random &random) {

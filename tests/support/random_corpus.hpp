@@ -1,5 +1,5 @@
 #pragma once
-// Small random corpora, made without any file.
+// Small random corpora, as texts.
 #include <random>
 #include <string>
 
@@ -33,11 +33,14 @@ class Random {
     std::mt19937 engine_;
 };
 
-// One of the shape's tags, "s1" and so on, or "".
+// One of the shape's labels: its tags are "s1" and so on, or ""; its categories "N0" ..., "t0" ... of nodes
+// with a word; its words "w0" ...
 std::string random_tag(const RandomShape &shape, Random &random);
+std::string random_category(const RandomShape &shape, bool has_word, Random &random);
 
-// Empties forest and tables, then fills them with random trees, stored in the reader's order.
-void make_random_corpus(const RandomShape &shape, Random &random);
+std::string random_corpus(const RandomShape &shape, Random &random);
+// Of so many trees; with more tags and words the lists of the statistics are longer and change less often.
+std::string random_corpus(unsigned seed, int trees, int tags_and_words);
 
 // One node of the tree, each as likely as another.
 Node *random_node(Node *root, Random &random);

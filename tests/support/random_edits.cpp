@@ -2,48 +2,16 @@
 
 #include <fmt/format.h>
 
-#include "editor/replacement.hpp"
-#include "editor/subtree_text.hpp"
+#include "corpus/writetrees.hpp"
+#include "edit/change.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
-#include "propose/batch.hpp"
-#include "stats/changes.hpp"
-#include "stats/links.hpp"
+#include "stats/statistics.hpp"
 
 namespace brindle::test {
-namespace {
 
-struct CorpusMaker {
-    std::mt19937 random;
-    int vocabulary;
-
-    int below(int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); }
-
-    std::string labels(const char *category) {
-        std::string out = fmt::format("{}{}", category, below(3));
-        if (below(3)) out += fmt::format("|t{}", below(vocabulary));
-        return out;
-    }
-
-    std::string node(int depth) {
-        if (depth == 0 || below(3) == 0) return fmt::format("{}/w{}", labels("T"), below(vocabulary));
-        std::string out = "(" + labels("N");
-        for (int i = below(4); i >= 0; --i) out += " " + node(depth - 1);
-        return out + ")";
-    }
-};
-
-}  // namespace
-
-std::string random_corpus(unsigned seed, int nr_of_trees, int vocabulary) {
-    CorpusMaker maker{std::mt19937(seed), vocabulary};
-    std::string out;
-    for (int t = 0; t < nr_of_trees; ++t)
-        out += fmt::format("{}( {} )\n", maker.below(2) ? "*\n" : "", maker.node(4));
-    return out;
-}
-
-RandomEdits::RandomEdits(unsigned seed, int vocabulary) : random_(seed), vocabulary_(vocabulary) {
+RandomEdits::RandomEdits(Corpus &corpus, unsigned seed, int vocabulary)
+    : corpus_(corpus), shape_{.tags = vocabulary}, random_(seed) {
     add_label_changes();
     add_tree_changes();
     add_questions();
@@ -54,68 +22,67 @@ void RandomEdits::add(Kind kind) {
     kinds_.push_back(std::move(kind));
 }
 
-Node *RandomEdits::random_node(int tree) {
-    Node *node = forest[static_cast<std::size_t>(tree)].root;
-    while (node->dtrs && below(4)) {
-        node = node->dtrs;
-        while (node->sister && below(2)) node = node->sister;
-    }
-    return node;
+Node *RandomEdits::random_node() {
+    return test::random_node(corpus_.tree(random_.below(corpus_.amount())).root, random_);
 }
 
 std::string RandomEdits::random_tag() {
-    if (const Label *tag = random_node(below(amount))->sem; tag && below(3)) return std::string(tag->view());
-    return fmt::format("t{}", below(vocabulary_));
+    if (const Label *tag = random_node()->sem(); tag && random_.chance(0.6)) return std::string(tag->view());
+    return test::random_tag(shape_, random_);
+}
+
+std::string RandomEdits::random_category(const Node *node) {
+    return test::random_category(shape_, node->lex(), random_);
 }
 
 void RandomEdits::add_label_changes() {
-    add({"tag", 8, [this](int, Node *node) { new_label(node, random_tag(), nullptr); }});
-    add({"category", 3, [this](int, Node *node) {
-             change_cat(node, fmt::format("{}{}", node->lex ? 'T' : 'N', below(3)), nullptr);
+    add({"tag", 8, [this](Node *node) { set_tag(corpus_, node, random_tag()); }});
+    add({"category", 3, [this](Node *node) { set_category(corpus_, node, random_category(node)); }});
+    add({"copy", 3, [this](Node *node) { set_tag(corpus_, node, text_of(random_node()->sem())); }});
+    add({"undo last", 4, [this](Node *node) { undo_last(corpus_, node); }});
+    add({"undo all", 2, [this](Node *node) { undo_all(corpus_, node); }});
+    add({"undo the tree", 1, [this](Node *node) {
+             do_with(corpus_.tree_of(node).root, [this](Node *n) { undo_all(corpus_, n); });
          }});
-    add({"copy", 3,
-         [this](int, Node *node) { new_label(node, text_of(random_node(below(amount))->sem), nullptr); }});
-    add({"undo last", 4, [](int, Node *node) { undo_last(node, nullptr); }});
-    add({"undo all", 2, [](int, Node *node) { undo_all(node); }});
-    add({"undo the tree", 1,
-         [](int tree, Node *) { do_with(forest[static_cast<std::size_t>(tree)].root, undo_all); }});
     add({"clear below", 1,
-         [](int, Node *node) { for_each_in_subtree(node, [](Node *n) { clear(n, nullptr); }); }});
-    add({"check", 4,
-         [](int tree, Node *) { set_checked(tree, !forest[static_cast<std::size_t>(tree)].checked); }});
-    add({"save", 1, [](int, Node *) { reset_edits(); }});
+         [this](Node *node) { for_each_in_subtree(node, [this](Node *n) { clear(corpus_, n); }); }});
+    add({"refused", 1, [this](Node *node) {
+             set_tag(corpus_, node, "a/b");
+             set_category(corpus_, node, "(");
+             replace_subtree(corpus_, node, "(S ");
+         }});
 }
 
-// What lies above the label statistics and must leave them sound.
+// What changes a tree as a whole.
 void RandomEdits::add_tree_changes() {
-    add({"replace", 2, [this](int tree, Node *node) {
-             const std::string text = write_tree_to_editor(random_node(below(amount)));
-             if (text.size() < 500) replace_subtree(tree, node, text + "\n");
+    add({"check", 4,
+         [this](Node *node) { set_checked(corpus_, node->tree(), !corpus_.tree_of(node).checked); }});
+    add({"replace", 2, [this](Node *node) {
+             const std::string text = write_tree_to_editor(random_node());
+             if (text.size() < 500) replace_subtree(corpus_, node, text + "\n");
          }});
-    add({"propose", 1, [](int tree, Node *) { propose_tree(tree); }});
+    add({"save", 1, [this](Node *) { corpus_.forget_edits(); }});
 }
 
 // Questions change nothing but the indexes that later changes must keep.
 void RandomEdits::add_questions() {
-    add({"ask", 2, [](int, Node *node) {
-             if (!node->mother) return;
-             const Context context = context_of(node);
-             LabelEntry *category = category_entry(node);
-             tags_above(category, context.path());
-             PathTags room;
-             search_link(category, tag_entry(node))->parents.tags_of(context.path(), room);
+    add({"ask", 2, [this](Node *node) {
+             if (!node->mother()) return;
+             const Path path = path_of_context(node);
+             corpus_.statistics->owner_of(corpus_.statistics->category_entry(node->unit()));
+             if (node->lex()) corpus_.statistics->owner_of(corpus_.statistics->word_entry(node->unit()));
+             corpus_.statistics->contexts_on(node->unit(), path);
+             corpus_.statistics->contexts_on(node->unit()->pair, path);
          }});
 }
 
 void RandomEdits::step() {
-    int chance = below(total_weight_);
+    int chance = random_.below(total_weight_);
     std::size_t kind = 0;
     while ((chance -= kinds_[kind].weight) >= 0) ++kind;
-    const int tree = below(amount);
-    Node *node = random_node(tree);
-    log.push_back(fmt::format("{} tree {} node {}", kinds_[kind].name, tree + 1, path_of(node)));
-    TreeCheckedScope scope(forest[static_cast<std::size_t>(tree)]);
-    kinds_[kind].work(tree, node);
+    Node *const node = random_node();
+    log.push_back(fmt::format("{} tree {} node {}", kinds_[kind].name, node->tree() + 1, path_of(node)));
+    kinds_[kind].work(node);
 }
 
 }  // namespace brindle::test

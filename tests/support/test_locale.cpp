@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/text.hpp"
+#include "base/text.hpp"
 
 namespace brindle::test {
 namespace {

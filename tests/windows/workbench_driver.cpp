@@ -9,9 +9,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "corpus/readtrees.hpp"
-#include "model/text.hpp"
-#include "stats/tables.hpp"
+#include "corpus/reader.hpp"
 
 namespace brindle::windows {
 
@@ -202,10 +200,11 @@ std::string Workbench::file(const std::string &name) const {
     return text.str();
 }
 
-void Workbench::read(const std::string &name) const {
-    reset_forest();
-    tables_init();
-    read_forest(file(name), "");
+std::unique_ptr<Corpus> Workbench::read(const std::string &name) const {
+    auto corpus = std::make_unique<Corpus>();
+    corpus->name = name;
+    read_trees(*corpus, file(name));
+    return corpus;
 }
 
 }  // namespace brindle::windows

@@ -1,8 +1,11 @@
 #pragma once
 // The workbench on a corpus of the test's own, worked as a person does.
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "model/corpus.hpp"
+#include "stats/statistics.hpp"
 #include "windows/gui.hpp"
 
 namespace brindle::windows {
@@ -66,8 +69,8 @@ class Workbench {
 
     std::string path(const std::string &file) const { return directory_ + "/" + file; }
     std::string file(const std::string &name) const;  // its contents; "" when there is none
-    // Reads what was saved with the program's own reader into the forest of this process.
-    void read(const std::string &name) const;
+    // What was saved, read with the program's own reader.
+    std::unique_ptr<Corpus> read(const std::string &name) const;
 
     Gui &gui() { return *gui_; }
     const std::string &name() const { return name_; }

@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "display/information.hpp"
-#include "model/forest.hpp"
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
@@ -44,9 +43,9 @@ struct Pages {
 };
 
 // What the display comes to without windows.
-std::vector<std::string> pages_of(const Node *node, InfoMode mode, bool control) {
+std::vector<std::string> pages_of(const Corpus &corpus, const Node *node, InfoMode mode, bool control) {
     Pages shown;
-    const auto last = information(node, mode, control, shown.more());
+    const auto last = information(corpus, node, mode, control, shown.more());
     if (last) shown.pages.push_back(packed(*last));
     return shown.pages;
 }
@@ -70,27 +69,27 @@ std::vector<std::string> pages_shown(Workbench &w) {
 TEST(workbench_information, long_displays_are_shown_page_by_page) {
     Workbench w(many_tags(24));
     w.edit();
-    w.read("small.trees");
-    const Node *phrase = forest[0].root->dtrs;
-    const Node *cat = phrase->dtrs;
-    const Node *runs = phrase->sister->dtrs;
+    const auto corpus = w.read("small.trees");
+    const Node *phrase = corpus->tree(0).root->dtrs();
+    const Node *cat = phrase->dtrs();
+    const Node *runs = phrase->sister()->dtrs();
     const auto at = [&](const char *path, int below, const std::string &modifier) {
         const Area area = w.node(path)->area;
         w.gui().click_at(area.middle_x(), area.middle_y() + below, 2, modifier);
         return pages_shown(w);
     };
-    const auto tags = pages_of(phrase, InfoMode::nonterm, false);
+    const auto tags = pages_of(*corpus, phrase, InfoMode::nonterm, false);
     EXPECT_GE(tags.size(), 2U);
     EXPECT_EQ(at("1", 0, ""), tags);
-    EXPECT_EQ(at("1", 18, ""), pages_of(phrase, InfoMode::sem, false));
-    EXPECT_EQ(at("1.1", 0, ""), pages_of(cat, InfoMode::term, false));
-    const auto word = pages_of(runs, InfoMode::lex, false);
+    EXPECT_EQ(at("1", 18, ""), pages_of(*corpus, phrase, InfoMode::sem, false));
+    EXPECT_EQ(at("1.1", 0, ""), pages_of(*corpus, cat, InfoMode::term, false));
+    const auto word = pages_of(*corpus, runs, InfoMode::lex, false);
     EXPECT_GE(word.size(), 4U);
     EXPECT_EQ(at("2.1", 71, ""), word);
-    const auto mothers = pages_of(cat, InfoMode::term, true);
+    const auto mothers = pages_of(*corpus, cat, InfoMode::term, true);
     EXPECT_EQ(mothers.size(), 8U);
     EXPECT_EQ(at("1.1", 0, "ctrl"), mothers);
-    EXPECT_EQ(at("1.1", 71, "ctrl"), pages_of(cat, InfoMode::lex, true));
+    EXPECT_EQ(at("1.1", 71, "ctrl"), pages_of(*corpus, cat, InfoMode::lex, true));
     // "Ok" ends a display at once.
     w.click_node("1", 2);
     w.answer("...", "Ok");

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <memory>
 
-#include "stats/tables.hpp"
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
@@ -130,9 +129,9 @@ TEST_F(Replacing, parts_of_labels_and_categories_are_replaced) {
     EXPECT_EQ(gui().map().frame("Notice"), nullptr);
     w->press("Save");
     w->wait_footer("small.trees saved");
-    w->read("small.trees");
-    EXPECT_EQ(search("NAME", LabelKind::TERM, MustExist::yes)->count, 4U);
-    EXPECT_EQ(search("NNP", LabelKind::TERM, MustExist::no), nullptr);
+    const auto corpus = w->read("small.trees");
+    EXPECT_EQ(corpus->statistics->find("NAME", LabelKind::TERM)->count, 4);
+    EXPECT_EQ(corpus->statistics->find("NNP", LabelKind::TERM), nullptr);
 }
 
 TEST_F(Replacing, a_long_way_is_ended_by_control_c) {
@@ -155,11 +154,15 @@ TEST_F(Replacing, a_long_way_is_ended_by_control_c) {
         });
         EXPECT_EQ(map.frame("Notice"), nullptr);
     };
-    fields("", "", "nowhere");
+    w->turn_to(3 * copies);
+    w->type_tag("1", "far");
+    w->turn_to(5);
+    fields("", "", "far");
     start_and_stop("Search");
     EXPECT_EQ(w->tree(), "5");
     act("Search");
-    w->answer("Not found");
+    w->answer("Found", "Go back");
+    EXPECT_EQ(w->tree(), "5");
     fields("N", "", "");
     gui().choose_option("Replace ", "syntax", box);
     gui().fill("with:", "X", box);

@@ -5,8 +5,6 @@
 #include <memory>
 #include <regex>
 
-#include "model/forest.hpp"
-#include "propose/batch.hpp"
 #include "propose/report.hpp"
 #include "propose/selection.hpp"
 #include "windows/workbench_driver.hpp"
@@ -95,20 +93,16 @@ TEST_F(Runs, a_random_selection_is_proposed_evaluated_and_undone) {
     w->wait_footer("many.trees saved");
     EXPECT_EQ(w->file("many.trees"), many_trees(copies));
     // The same without windows.
-    w->read("many.trees");
-    CORPUS = "many.trees";
-    SelectionChoice choice{TreeTypes::unchecked, 1, 3 * copies, true, 100, 7};
-    BatchRun run;
-    run.trees = select_trees(choice);
-    begin_batch();
+    const auto corpus = w->read("many.trees");
+    const SelectionChoice choice{TreeTypes::unchecked, 1, 3 * copies, true, 100, 7};
+    brindle::Run run(*corpus, select_trees(*corpus, choice));
     int reported = -1;
     EXPECT_EQ(w->file("report"), propose_and_evaluate(run, choice, reported));
-    end_batch();
     EXPECT_EQ(last, reported + 1);
 }
 
 TEST_F(Runs, abort_and_control_c_end_a_run_after_the_tree_in_hand) {
-    constexpr int copies = 40000;
+    constexpr int copies = 150000;  // so many that a person, or a test, is in time
     open(copies);
     gui().press("Propose an annotation", box);
     wait_in_the_middle("Proposing away");

@@ -3,6 +3,8 @@
 
 #include <filesystem>
 
+#include <fmt/format.h>
+
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
@@ -91,6 +93,32 @@ TEST_F(Saving, a_latex_file_names_the_tree_of_its_menu) {
     gui().wait_line("Notice", "No such file or directory");
     picture(w, "unwritten_latex.png");
     w.answer("cannot write to", "Bummer!");
+}
+
+// Every tree of the information format waits for a program.
+TEST(workbench_saving, control_c_ends_the_information_format_after_the_tree_in_hand) {
+    std::string corpus;
+    constexpr int trees = 5000;
+    for (int t = 1; t <= trees; ++t) corpus += fmt::format("\n\ntree #{}\n(\n (S|s NN/x))\n", t);
+    Workbench w(corpus);
+    const std::string window = w.edit();
+    w.press("Save as");
+    w.gui().wait_focus(requestor);
+    w.gui().choose_option("Write in:", "Info-format", requestor);
+    w.gui().fill("File name:", "listing", requestor);
+    w.gui().key("Return");
+    w.gui().wait_until("writing", [&](const UiMap &map) { return map.frame(window)->busy; });
+    w.gui().raise(window);
+    w.gui().key("ctrl+c");
+    w.wait_footer("listing written in INFO-format");
+    for (const ShownFrame &frame : w.gui().map().frames) EXPECT_FALSE(frame.busy) << frame.title;
+    const std::string listing = w.file("listing");
+    EXPECT_NE(listing.find("======-1-======"), std::string::npos);
+    EXPECT_EQ(listing.find(fmt::format("======-{}-======", trees)), std::string::npos)
+        << "it was not reached";
+    EXPECT_TRUE(listing.ends_with(")\n"));
+    w.press("Next");
+    EXPECT_EQ(w.tree(), "2");
 }
 
 }  // namespace

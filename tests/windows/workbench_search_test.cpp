@@ -1,7 +1,6 @@
 // Finding, choosing and copying tags in windows: the search box, the annotation selectors, the copy mode.
 #include <gtest/gtest.h>
 
-#include "stats/tables.hpp"
 #include "windows/workbench_driver.hpp"
 
 namespace brindle::windows {
@@ -48,9 +47,9 @@ TEST(workbench_search, tags_are_replaced_in_all_trees_under_their_own_flags) {
     w.gui().press("Cancel", "Search & Replace");
     w.gui().press("Save");
     w.wait_footer("small.trees saved");
-    w.read("small.trees");
-    EXPECT_EQ(search("s(d3,d2)", LabelKind::SEM, MustExist::yes)->checked_count, 2);
-    EXPECT_EQ(search("s(d1,d2)", LabelKind::SEM, MustExist::no), nullptr);
+    const auto corpus = w.read("small.trees");
+    EXPECT_EQ(corpus->statistics->find("s(d3,d2)", LabelKind::SEM)->checked_count, 2);
+    EXPECT_EQ(corpus->statistics->find("s(d1,d2)", LabelKind::SEM), nullptr);
 }
 
 TEST(workbench_search, a_tag_is_chosen_from_those_of_the_category) {
