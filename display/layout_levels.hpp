@@ -5,8 +5,7 @@
 // sisters that ends exactly where the level does takes the level's end along, and if its last sister has a
 // word, the end of the level below too. Gone through node by node, deep trees would take quadratic time. So
 //
-// - a mother notes by how much all below her has moved, and a node's place is worked out when it is asked
-// for;
+// - a mother notes by how much all below her has moved; a node's place is worked out when it is needed;
 // - the end of a level is kept as a distance from the node whose text is the latest on it: it moves with it;
 // - where that may not be the whole story the end is kept as it is, and the level watched: every move goes
 //   through its lists by the rule. That is so when a text has come to the right of the terminal whose word

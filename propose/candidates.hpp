@@ -201,6 +201,7 @@ class CandidateFinder {
     std::size_t size_ = 0;
     std::vector<std::uint32_t> columns_;  // of all nodes, by their places
     std::vector<std::uint32_t> drivers_;
+    std::vector<Fitting> found_;
     tsl::robin_map<Tagged, double, TaggedHash> combined_;  // what has been worked out
     tsl::robin_set<Tagged, TaggedHash> in_order_;          // what has its place in the order
 };

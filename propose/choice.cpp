@@ -7,16 +7,21 @@ namespace brindle {
 namespace {
 
 // The least double of 0 .. highest for which the test, which holds for `highest` and is monotone, holds.
-// Doubles that are not negative are ordered as their bits are.
+// Mostly it is some few doubles away from the guess. Doubles that are not negative are ordered as their bits
+// are.
 template <class Test>
-double least(double highest, Test &&test) {
+double least(double highest, double guess, Test &&test) {
     std::uint64_t fails = 0, holds = std::bit_cast<std::uint64_t>(highest);
     if (holds == 0 || test(0.0)) return 0.0;
-    if (!test(std::bit_cast<double>(holds - 1))) return highest;
-    while (holds - fails > 1) {
-        const std::uint64_t middle = fails + (holds - fails) / 2;
-        (test(std::bit_cast<double>(middle)) ? holds : fails) = middle;
+    const auto look = [&](std::uint64_t at) {
+        if (at > fails && at < holds) (test(std::bit_cast<double>(at)) ? holds : fails) = at;
+    };
+    const std::uint64_t near = guess > 0.0 && guess < highest ? std::bit_cast<std::uint64_t>(guess) : holds;
+    for (std::uint64_t step = 2; step < near && holds - fails > 2 * step; step *= 16) {
+        look(near - step);
+        look(near + step);
     }
+    while (holds - fails > 1) look(fails + (holds - fails) / 2);
     return std::bit_cast<double>(holds);
 }
 
@@ -65,8 +70,10 @@ class CombinationFinder {
         double product = 1.0;
         const auto nodes = finder_.nodes();
         for (std::uint32_t d = place + 1; d != ProposalNode::none; d = nodes[d].sister) {
-            dtrs_.push_back({d, product, finder_.has_candidates(d)});
-            if (dtrs_.back().has_candidates) product = finder_.best_below(d, unit) * product;
+            const bool has_candidates = finder_.has_candidates(d),
+                       is_last = nodes[d].sister == ProposalNode::none;
+            dtrs_.push_back({d, product, has_candidates});
+            if (has_candidates && !is_last) product = finder_.best_below(d, unit) * product;
         }
         frames_.push_back({unit, wanted, static_cast<std::uint32_t>(dtrs_.size() - base), base});
     }
@@ -87,7 +94,7 @@ class CombinationFinder {
         if (!finder_.is_built(daughter.place)) return take(frame, contribution(candidate.prob, share));
         frame.share = share;
         const auto is_enough = [=, s = share](double p) { return contribution(p, s) * before >= wanted; };
-        open(daughter.place, candidate.unit, least(candidate.prob, is_enough));
+        open(daughter.place, candidate.unit, least(candidate.prob, wanted / before / share, is_enough));
     }
 
     // The present daughter contributes this; the daughters before it must reach the rest.
@@ -95,7 +102,8 @@ class CombinationFinder {
         Daughter &daughter = dtrs_[frame.base + --frame.daughter];
         daughter.contribution = contributes;
         const double wanted = frame.wanted;
-        frame.wanted = least(daughter.best_before, [=](double p) { return contributes * p >= wanted; });
+        frame.wanted = least(daughter.best_before, wanted / contributes,
+                             [=](double p) { return contributes * p >= wanted; });
     }
 
     // All daughters are chosen: the mother takes the combination.

@@ -158,29 +158,26 @@ template <class Enough, class Show>
 void CandidateFinder::show_fitting(std::uint32_t place, std::uint32_t mother, Enough &&enough, Show &&show) {
     const ProposalNode &n = nodes_[place];
     const Path &path = n.path;
-    ContextsBelow::Below below;
-    if (n.owner) {
-        below = statistics_.below().below(n.owner, mother, path.dtr_nr, path.nr_of_dtrs);
-        if (below.size == 0) return;
-    }
     const bool in_order = n.origin != Origin::combinations;
     const Contexts &contexts = statistics_.contexts;
     const auto share_at = [&](std::uint32_t context) {
         return share(contexts[context].checked_count, statistics_.total_on_path(context));
     };
-    for (std::uint32_t i = 0; !enough(at_most(place, i)); ++i) {
-        const bool few = i >= below.size || (i >= n.known.size() && below.size <= few_below);
-        if (n.owner && few) {
-            for (std::uint32_t c = below.first; c; c = statistics_.below().next(c)) {
-                const double prob = prob_of(place, contexts[c].unit);
-                if (prob >= 0.0 && !show(Fitting{{contexts[c].unit, prob}, share_at(c)}, false)) return;
-            }
-            return;
+    ContextsBelow::Below below;
+    for (std::uint32_t i = 0;; ++i) {
+        if (enough(at_most(place, i))) return;
+        if (n.owner && i > 0) {
+            if (i == 1) below = statistics_.below().below(n.owner, mother, path.dtr_nr, path.nr_of_dtrs);
+            if (i >= below.size || (i >= n.known.size() && below.size <= few_below)) break;
         }
         if (!at(place, i)) return;
         const Candidate candidate = n.known[i];
         const std::uint32_t c = contexts.find(candidate.unit, mother, path.dtr_nr, path.nr_of_dtrs);
         if (c && contexts[c].checked_count > 0 && !show(Fitting{candidate, share_at(c)}, in_order)) return;
+    }
+    for (std::uint32_t c = below.first; c; c = statistics_.below().next(c)) {
+        const double prob = prob_of(place, contexts[c].unit);
+        if (prob >= 0.0 && !show(Fitting{{contexts[c].unit, prob}, share_at(c)}, false)) return;
     }
 }
 
@@ -199,14 +196,19 @@ double CandidateFinder::best_below(std::uint32_t place, std::uint32_t mother) {
 
 Fitting CandidateFinder::first_fitting(std::uint32_t place, std::uint32_t mother, double before,
                                        double wanted) {
-    std::vector<Fitting> found;
-    const auto is_enough = [=](double contributes) { return contributes * before >= wanted; };
+    std::vector<Fitting> &found = found_;
+    found.clear();
+    const auto reaches = [=](double contributes) { return contributes * before >= wanted; };
     show_fitting(
-        place, mother, [&](double at_most) { return !is_enough(contribution(std::max(at_most, 0.0), 1.0)); },
+        place, mother,
+        [&](double at_most) {
+            if (!reaches(contribution(std::max(at_most, 0.0), 1.0))) return true;
+            return found.size() == 1 && found[0].candidate.unit == ordered(place, 0);
+        },
         [&](const Fitting &fitting, bool in_order) {
-            if (!is_enough(contribution(fitting.candidate.prob, fitting.share))) return true;
+            if (!reaches(contribution(fitting.candidate.prob, fitting.share))) return true;
             found.push_back(fitting);
-            return !in_order && (found.size() > 1 || fitting.candidate.unit != ordered(place, 0));
+            return !in_order;
         });
     if (found.empty()) fault_in_hashtable();  // cannot be: the best candidates reach what is wanted
     if (found.size() == 1) return found.front();
@@ -221,7 +223,8 @@ Candidate CandidateFinder::best(std::uint32_t place) {
     at(place, 0);
     const ProposalNode &n = nodes_[place];
     const Candidate first = n.known[0];
-    if (n.origin != Origin::combinations || first.unit == ordered(place, 0)) return first;
+    if (n.origin != Origin::combinations || at_most(place, 1) < first.prob || first.unit == ordered(place, 0))
+        return first;
     std::vector<std::uint32_t> units{first.unit};
     for (std::size_t i = 1; at_most(place, i) >= first.prob && at(place, i) && n.known[i].prob == first.prob;
          ++i)

@@ -69,11 +69,33 @@ void Statistics::withdraw_context(const Node *node, bool checked) {
     withdraw(node->unit()->pair, node, checked);
 }
 
+namespace {
+
+// A context that is about to be looked for.
+struct Wanted {
+    Unit *unit;
+    const Node *node;  // that stands there
+    std::uint32_t hash;
+};
+
+}  // namespace
+
+// The looks at contexts would wait for memory one after another. So all of the tree's are asked for, slots
+// and then records, while the units are gone through.
 void Statistics::move_checked_counts(Node *root, bool checked) {
     const int by = checked ? 1 : -1;
-    std::vector<Node *> nodes;
-    do_with(root, [&](Node *node) { nodes.push_back(node); });
-    for (const Node *node : nodes) {
+    std::vector<Wanted> wanted;
+    do_with(root, [&](Node *node) {
+        Unit *const own[] = {node->unit(), node->unit()->pair};
+        if (!node->mother()) return;
+        for (Unit *unit : std::span(own).subspan(own[0] == own[1])) {
+            const std::uint32_t hash = context_hash(number_of(unit), number_of(node->mother()->unit()),
+                                                    node->position(), node->mother()->nr_of_dtrs());
+            contexts.fetch_slot(hash);
+            wanted.push_back({unit, node, hash});
+        }
+    });
+    do_with(root, [&](Node *node) {
         Unit *const unit = node->unit();
         if (unit->lex) {
             word_entry(unit)->checked_count += by;
@@ -82,17 +104,14 @@ void Statistics::move_checked_counts(Node *root, bool checked) {
         tag_entry(unit)->checked_count += by;
         category_entry(unit)->checked_count += by;
         move_pair(unit->pair, by);
-    }
-    for (const Node *node : nodes) {
-        const Node *const mother = node->mother();
-        if (!mother) continue;
-        Unit *const own[] = {node->unit(), node->unit()->pair};
-        for (Unit *unit : std::span(own).subspan(own[0] == own[1])) {
-            const std::uint32_t number = contexts.find(number_of(unit), number_of(mother->unit()),
-                                                       node->position(), mother->nr_of_dtrs());
-            if (!number) fault_in_hashtable();
-            move_context(unit, number, by);
-        }
+    });
+    for (const Wanted &w : wanted) contexts.fetch_record(w.hash);
+    for (const Wanted &w : wanted) {
+        const Node *const mother = w.node->mother();
+        const std::uint32_t number = contexts.find(w.hash, number_of(w.unit), number_of(mother->unit()),
+                                                   w.node->position(), mother->nr_of_dtrs());
+        if (!number) fault_in_hashtable();
+        move_context(w.unit, number, by);
     }
 }
 
@@ -109,7 +128,7 @@ PathContexts Statistics::contexts_on(Unit *unit, const Path &path) {
     PathContexts found;
     for (std::uint32_t n = unit->contexts.first; n && contexts[n].checked_count > 0;
          n = contexts[n].by_unit.next) {
-        if (!(path_of(contexts[n]) == path)) continue;
+        if (!is_on(contexts[n], path)) continue;
         if (!found.first) found.first = n;
         found.total += contexts[n].checked_count;
     }
@@ -120,8 +139,8 @@ std::uint32_t Statistics::next_on_path(std::uint32_t context) const {
     const Context &c = contexts[context];
     if (unit(c.unit).has_path_lists) return path_lists_.next(context);
     std::uint32_t n = c.by_unit.next;
-    while (n && contexts[n].checked_count > 0 && !(path_of(contexts[n]) == path_of(c)))
-        n = contexts[n].by_unit.next;
+    const Path path = path_of(c);
+    while (n && contexts[n].checked_count > 0 && !is_on(contexts[n], path)) n = contexts[n].by_unit.next;
     return n && contexts[n].checked_count > 0 ? n : 0;
 }
 

@@ -163,8 +163,11 @@ class Statistics {
     void add_below(const RankedList &units, std::uint32_t owner);
     void make_path_lists(Unit *unit);
     Path path_of(const Context &c) const { return {unit(c.mother).syn, c.dtr_nr, c.nr_of_dtrs}; }
+    bool is_on(const Context &c, const Path &path) const {
+        return c.dtr_nr == path.dtr_nr && c.nr_of_dtrs == path.nr_of_dtrs && unit(c.mother).syn == path.syn;
+    }
 
-    static constexpr std::int32_t longest_without_paths = 8;
+    static constexpr std::int32_t longest_without_paths = 2;
 
     Corpus &corpus_;
     Pool<LabelEntry> label_entries_;

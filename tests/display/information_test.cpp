@@ -4,9 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <fmt/format.h>
+#include <optional>
 #include <vector>
 
-#include "model/path.hpp"
 #include "support/test_corpus.hpp"
 
 namespace brindle {
@@ -25,17 +25,17 @@ struct Reader {
     }
 };
 
-std::string only_page(const Corpus &corpus, const Node *node, InfoMode mode, bool control = false) {
-    Reader reader;
-    const auto page = information(corpus, node, mode, control, reader.more());
-    EXPECT_TRUE(reader.pages.empty());
-    return page.value_or("(none)");
-}
-
 struct InformationTest : testing::Test {
     // Reads the corpus; its trees' roots can be asked for by their numbers, from 0.
     void read(std::string_view text) { corpus.emplace(text); }
     Node *at(std::string_view path, int tree = 0) const { return corpus->at(path, tree); }
+
+    std::string only_page(const Node *node, InfoMode mode, bool control = false) const {
+        Reader reader;
+        const auto page = information(*corpus, node, mode, control, reader.more());
+        EXPECT_TRUE(reader.pages.empty());
+        return page.value_or("(none)");
+    }
 
     std::optional<test::TestCorpus> corpus;
 };
@@ -44,59 +44,59 @@ TEST_F(InformationTest, category) {
     read(
         "*( (S|s(d1,d2) NP|j/john VP|walk/walks) )\n*( (S NP|m/mary VP|walk/walks) )\n"
         "( (S NP/john VP|walk/walks) )");
-    EXPECT_EQ(only_page(*corpus, at("1"), InfoMode::term),
+    EXPECT_EQ(only_page(at("1"), InfoMode::term),
               "Syntactic Tag: NP\n(Proper noun, singular)\n\nNumber of occurrences: 3\n\n66.7% is annotated"
               "\n\nOccurs with the following semantic tags:\n j : 1,     m : 1,    ");
     EXPECT_EQ(
-        only_page(*corpus, at("."), InfoMode::nonterm),
+        only_page(at("."), InfoMode::nonterm),
         "Syntactic Tag: S\n(Simple declarative clause)\n\nNumber of occurrences: 3\n\n66.7% is annotated"
         "\n\nOccurs with the following semantic tags:\n s(d1,d2) : 1,    (unlabeled) : 1");
 }
 
 TEST_F(InformationTest, category_that_occurs_only_unchecked_or_only_checked) {
     read("( (X1 NP|j/john) )\n*( (X2 NP|j/john) )");
-    EXPECT_EQ(only_page(*corpus, at("."), InfoMode::nonterm),
+    EXPECT_EQ(only_page(at("."), InfoMode::nonterm),
               "Syntactic Tag: X1\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n0.0% is annotated"
               "No checked occurrences");
-    EXPECT_EQ(only_page(*corpus, at(".", 1), InfoMode::nonterm),
+    EXPECT_EQ(only_page(at(".", 1), InfoMode::nonterm),
               "Syntactic Tag: X2\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n100.0% is annotated"
               "\n\nOccurs with the following semantic tags:\n(unlabeled) : 1");
 }
 
 TEST_F(InformationTest, tag) {
     read("*( (S|t NP|t/john VP/walks) )\n( (S|t NP|u/john VP/walks) )");
-    EXPECT_EQ(only_page(*corpus, at("."), InfoMode::sem),
+    EXPECT_EQ(only_page(at("."), InfoMode::sem),
               "Semantic tag: t\n\nNumber of occurrences: 2"
               "\n\nOccurs with the following syntactic tags:\nNP : 1,   S : 1");
-    EXPECT_EQ(only_page(*corpus, at("2"), InfoMode::sem),
+    EXPECT_EQ(only_page(at("2"), InfoMode::sem),
               "Semantic tag: (unlabeled)\n\nNumber of occurrences: 1"
               "\n\nOccurs with the following syntactic tags:\nVP : 1");
-    EXPECT_EQ(only_page(*corpus, at("1", 1), InfoMode::sem), "\n\nUnchecked semantic tag.");
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::sem), "\n\nUnchecked semantic tag.");
 }
 
 TEST_F(InformationTest, word) {
     read("*( (S NP|j/john VP|w/walks) )\n*( (S NP/john VP|w/walks) )\n( (S NP|k/john VP|w/runs) )");
-    EXPECT_EQ(only_page(*corpus, at("1"), InfoMode::lex),
+    EXPECT_EQ(only_page(at("1"), InfoMode::lex),
               "\nWord: john\n\nNumber of occurrences: 3\n\n66.7% is annotated"
               "\n\nOccurs with the following tags:\nSyntactic NP, Semantic j : 1"
               "\nSyntactic NP, Semantic (unlabeled) : 1");
-    EXPECT_EQ(only_page(*corpus, at("2", 2), InfoMode::lex), "No checked annotations");
+    EXPECT_EQ(only_page(at("2", 2), InfoMode::lex), "No checked annotations");
 }
 
 TEST_F(InformationTest, mothers) {
     read("*( (S|s NP|j/john (VP|w V|v/sees NP|j/john)) )\n( (S NP|m/mary VP|w/walks) )");
-    EXPECT_EQ(only_page(*corpus, at("1"), InfoMode::term, true),
+    EXPECT_EQ(only_page(at("1"), InfoMode::term, true),
               "This type of node occurs with the following (checked) parents:"
               "\n\nSyntactic: VP, Semantic: w\nDaughter nr.: 2 of 2, Amount: 1"
               "\n\nSyntactic: S, Semantic: s\nDaughter nr.: 1 of 2, Amount: 1");
-    EXPECT_EQ(only_page(*corpus, at("."), InfoMode::nonterm, true), "Root node");
-    EXPECT_EQ(only_page(*corpus, at("1", 1), InfoMode::lex, true), "Unchecked node");
-    EXPECT_EQ(only_page(*corpus, at(".", 1), InfoMode::sem, true), "Root node");
+    EXPECT_EQ(only_page(at("."), InfoMode::nonterm, true), "Root node");
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::lex, true), "Unchecked node");
+    EXPECT_EQ(only_page(at(".", 1), InfoMode::sem, true), "Root node");
 }
 
 TEST_F(InformationTest, mothers_of_a_word_are_not_those_of_its_category) {
     read("*( (S NP|n/mary VP|w/walks) )\n*( (Q NP|n/john VP|w/walks) )");
-    EXPECT_EQ(only_page(*corpus, at("1", 1), InfoMode::lex, true),
+    EXPECT_EQ(only_page(at("1", 1), InfoMode::lex, true),
               "This type of node occurs with the following (checked) parents:"
               "\n\nSyntactic: Q, Semantic: (unlabeled)\nDaughter nr.: 1 of 2, Amount: 1");
 }
@@ -132,7 +132,7 @@ TEST_F(InformationTest, long_lists_break_lines_and_pages) {
 TEST_F(InformationTest, a_first_item_that_fills_a_line_begins_a_new_one) {
     const std::string tag(70, 't');
     read(fmt::format("*( (C|{}/x) )", tag));
-    EXPECT_EQ(only_page(*corpus, at("."), InfoMode::term),
+    EXPECT_EQ(only_page(at("."), InfoMode::term),
               "Syntactic Tag: C\n(Unknown label?!)\n\nNumber of occurrences: 1\n\n100.0% is annotated"
               "\n\nOccurs with the following semantic tags:\n\n " +
                   tag + " : 1");

@@ -114,6 +114,29 @@ TEST_F(SearchTest, replacing_goes_on_after_the_node_and_keeps_the_counts) {
     EXPECT_EQ(corpus.unsaved_changes, 3);
 }
 
+TEST_F(SearchTest, a_label_that_comes_during_the_search_is_found) {
+    CorpusSearch search(corpus, std::move(*resolve({"", "", "q", false}).pattern), 0);
+    EXPECT_FALSE(search.next());
+    corpus.tag("2", "qq", 1);
+    EXPECT_EQ(search.next()->node, corpus.at("2", 1));
+}
+
+TEST_F(SearchTest, a_search_may_be_ended_on_the_way) {
+    std::string text;
+    for (int t = 0; t < 30000; ++t) text += t == 29999 ? "( (A|last/b) )\n" : "( (A|x/b) )\n";
+    test::TestCorpus many(text);
+    int asked = 0;
+    const auto search = [&](int patience) {
+        asked = 0;
+        return CorpusSearch(many, Pattern::substring({}, "last", {}), 0,
+                            [&asked, patience] { return ++asked <= patience; })
+            .next();
+    };
+    EXPECT_EQ(search(10)->tree, 29999);
+    EXPECT_EQ(asked, 3);
+    EXPECT_FALSE(search(1));
+}
+
 TEST_F(SearchTest, replacing_whole_labels) {
     const SearchRequest request{.syn = "NN", .lex = "", .sem = "dd"};
     replace_at(corpus, corpus.at("1.1"), request, syntax, "N N");
