@@ -190,8 +190,13 @@ class CandidateFinder {
     // The order of the enumeration.
     std::uint32_t ordered(std::uint32_t place, std::size_t i);
     bool order_next(std::uint32_t place);
-    std::uint32_t earliest(std::uint32_t place, std::span<const std::uint32_t> units);
+    Fitting fitting(std::uint32_t place, std::uint32_t unit, std::uint32_t mother);
 
+    // The share of the context's mother among all that its unit occurs with on the path; 0 in no checked tree.
+    double share_at(std::uint32_t context) {
+        const std::int32_t count = statistics_.contexts[context].checked_count;
+        return count ? share(count, statistics_.total_on_path(context)) : 0.0;
+    }
     std::uint32_t category_owner(const Node *node) {
         return statistics_.owner_of(statistics_.category_entry(node->unit()));
     }
@@ -201,7 +206,6 @@ class CandidateFinder {
     std::size_t size_ = 0;
     std::vector<std::uint32_t> columns_;  // of all nodes, by their places
     std::vector<std::uint32_t> drivers_;
-    std::vector<Fitting> found_;
     tsl::robin_map<Tagged, double, TaggedHash> combined_;  // what has been worked out
     tsl::robin_set<Tagged, TaggedHash> in_order_;          // what has its place in the order
 };

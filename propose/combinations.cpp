@@ -160,9 +160,6 @@ void CandidateFinder::show_fitting(std::uint32_t place, std::uint32_t mother, En
     const Path &path = n.path;
     const bool in_order = n.origin != Origin::combinations;
     const Contexts &contexts = statistics_.contexts;
-    const auto share_at = [&](std::uint32_t context) {
-        return share(contexts[context].checked_count, statistics_.total_on_path(context));
-    };
     ContextsBelow::Below below;
     for (std::uint32_t i = 0;; ++i) {
         if (enough(at_most(place, i))) return;
@@ -194,57 +191,63 @@ double CandidateFinder::best_below(std::uint32_t place, std::uint32_t mother) {
 
 // ---------------------------------------------------------------- the order of the enumeration
 
+// Of the most probable combinations the first in the order: when another may be as probable as the one at
+// hand, the order is gone through side by side with the probabilities until one of both has an end.
+Candidate CandidateFinder::best(std::uint32_t place) {
+    at(place, 0);
+    const ProposalNode &n = nodes_[place];
+    const Candidate best = n.known[0];
+    if (n.origin != Origin::combinations) return best;
+    std::size_t i = 1, next = 0;
+    for (; at_most(place, i) >= best.prob; ++i) {
+        const std::uint32_t unit = ordered(place, next++);
+        if (prob_of(place, unit) == best.prob) return {unit, best.prob};
+        if (!at(place, i) || n.known[i].prob < best.prob) break;
+    }
+    if (i == 1) return best;
+    while (prob_of(place, ordered(place, next)) != best.prob) ++next;
+    return {ordered(place, next), best.prob};
+}
+
+// Listed candidates are mostly shown in order. Combinations are looked for as in `best`.
 Fitting CandidateFinder::first_fitting(std::uint32_t place, std::uint32_t mother, double before,
                                        double wanted) {
-    std::vector<Fitting> &found = found_;
-    found.clear();
+    const bool is_listed = nodes_[place].origin != Origin::combinations;
     const auto reaches = [=](double contributes) { return contributes * before >= wanted; };
+    std::vector<Fitting> found;
+    std::size_t next = 0;
+    Fitting first;
+    const auto look_at_next = [&] {
+        first = fitting(place, ordered(place, next++), mother);
+        return first.share > 0.0 && reaches(contribution(first.candidate.prob, first.share));
+    };
     show_fitting(
         place, mother,
         [&](double at_most) {
             if (!reaches(contribution(std::max(at_most, 0.0), 1.0))) return true;
-            return found.size() == 1 && found[0].candidate.unit == ordered(place, 0);
+            if (is_listed || found.empty() || !look_at_next()) return false;
+            found = {first};
+            return true;
         },
-        [&](const Fitting &fitting, bool in_order) {
-            if (!reaches(contribution(fitting.candidate.prob, fitting.share))) return true;
-            found.push_back(fitting);
-            return !in_order;
+        [&](const Fitting &shown, bool in_order) {
+            if (reaches(contribution(shown.candidate.prob, shown.share))) found.push_back(shown);
+            return !in_order || found.empty();
         });
     if (found.empty()) fault_in_hashtable();  // cannot be: the best candidates reach what is wanted
     if (found.size() == 1) return found.front();
-    std::vector<std::uint32_t> units;
-    for (const Fitting &f : found) units.push_back(f.candidate.unit);
-    const std::uint32_t unit = earliest(place, units);
-    return *std::find_if(found.begin(), found.end(),
-                         [=](const Fitting &f) { return f.candidate.unit == unit; });
-}
-
-Candidate CandidateFinder::best(std::uint32_t place) {
-    at(place, 0);
-    const ProposalNode &n = nodes_[place];
-    const Candidate first = n.known[0];
-    if (n.origin != Origin::combinations || at_most(place, 1) < first.prob || first.unit == ordered(place, 0))
-        return first;
-    std::vector<std::uint32_t> units{first.unit};
-    for (std::size_t i = 1; at_most(place, i) >= first.prob && at(place, i) && n.known[i].prob == first.prob;
-         ++i)
-        units.push_back(n.known[i].unit);
-    return {earliest(place, units), first.prob};
-}
-
-// Of some of the node's candidates the first.
-std::uint32_t CandidateFinder::earliest(std::uint32_t place, std::span<const std::uint32_t> units) {
-    if (std::all_of(units.begin(), units.end(), [&](std::uint32_t u) { return u == units[0]; }))
-        return units[0];
-    if (nodes_[place].origin != Origin::combinations)
-        return *std::min_element(units.begin(), units.end(), [this](std::uint32_t a, std::uint32_t b) {
-            return Statistics::ranks_before(unit(a), unit(b));
+    if (is_listed)
+        return *std::min_element(found.begin(), found.end(), [this](const Fitting &a, const Fitting &b) {
+            return Statistics::ranks_before(unit(a.candidate.unit), unit(b.candidate.unit));
         });
-    for (std::size_t i = 0;; ++i) {
-        const std::uint32_t next = ordered(place, i);
-        if (!next) fault_in_hashtable();  // cannot be: they are among the node's candidates
-        if (std::find(units.begin(), units.end(), next) != units.end()) return next;
-    }
+    while (!look_at_next()) continue;
+    return first;
+}
+
+// A candidate of the node below a mother; its share is 0 if it does not fit there.
+Fitting CandidateFinder::fitting(std::uint32_t place, std::uint32_t unit, std::uint32_t mother) {
+    const Path &path = nodes_[place].path;
+    const std::uint32_t c = statistics_.contexts.find(unit, mother, path.dtr_nr, path.nr_of_dtrs);
+    return {{unit, prob_of(place, unit)}, c ? share_at(c) : 0.0};
 }
 
 // The i-th candidate, or 0.
