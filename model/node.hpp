@@ -80,11 +80,6 @@ class Nodes {
     Node *free_ = nullptr;  // linked by sister
 };
 
-// The number of the daughters of the node's mother, the node included; 0 for a root.
-inline std::int32_t nr_of_sisters(const Node *node) {
-    return node->mother() ? node->mother()->nr_of_dtrs() : 0;
-}
-
 // The number of levels above the node: 0 for a root.
 int depth_of(const Node *node);
 

@@ -49,15 +49,6 @@ inline Node *next_in_document(const Node *node, const Node *top) {
     return nullptr;
 }
 
-// As next_in_document, past the whole subtree of `node`.
-inline Node *next_past_subtree(const Node *node, const Node *top) {
-    while (node != top) {
-        if (node->sister()) return node->sister();
-        node = node->mother();
-    }
-    return nullptr;
-}
-
 // Applies the function to every node of the subtree of `top` (its sisters left out) in document order.
 template <class Function>
 void for_each_in_subtree(Node *top, Function &&function) {

@@ -10,12 +10,6 @@
 
 namespace brindle {
 
-const Context *Statistics::find_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr,
-                                        std::int32_t nr_of_dtrs) const {
-    const std::uint32_t number = contexts.find(number_of(unit), number_of(mother), dtr_nr, nr_of_dtrs);
-    return number ? &contexts[number] : nullptr;
-}
-
 // ---------------------------------------------------------------- one context
 
 void Statistics::record(Unit *unit, const Node *node, bool checked) {

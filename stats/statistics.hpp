@@ -80,10 +80,6 @@ class Statistics {
     Contexts contexts;
     RankGroups groups;
 
-    // The context of the unit under that mother, with its counts, or null.
-    const Context *find_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr,
-                                std::int32_t nr_of_dtrs) const;
-
     // Whether of two units of one word, or of one category, the first stands before the other in its list.
     static bool ranks_before(const Unit &a, const Unit &b) {
         return a.checked_count != b.checked_count ? a.checked_count > b.checked_count : a.stamp < b.stamp;
