@@ -1,0 +1,25 @@
+#pragma once
+// The fonts of trees, by the names that the menu "font-style" has, or by a family.
+#include <QFont>
+
+#include <optional>
+#include <string_view>
+
+#include "display/layout_params.hpp"
+
+namespace brindle {
+
+inline constexpr const char *start_font = "lucidasans-bold";
+
+// The fonts of one tree, of one family and size: what a node is written in.
+struct TreeFonts {
+    QFont category;
+    QFont tag;
+    QFont word;
+};
+
+// The fonts for a name such as "times-italic", in pixels of the font scale (0..3); none: no such family is
+// installed.
+std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale);
+
+}  // namespace brindle

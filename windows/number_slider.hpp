@@ -1,0 +1,38 @@
+#pragma once
+// A number that is dragged on a scale or typed into the field before it.
+#include <QWidget>
+
+class QLabel;
+class QSlider;
+class QSpinBox;
+
+namespace brindle {
+
+class NumberSlider final : public QWidget {
+    Q_OBJECT
+  public:
+    NumberSlider(const QString &label, int min, int max, int value, int scale_width = 130);
+
+    int value() const;
+    int minimum() const;
+    int maximum() const;
+    QString label() const;
+    QRect field_box() const;  // in this widget
+    // None of these reports a change; the value stays within the range.
+    void set_value(int value);
+    void set_minimum(int min);
+    void set_maximum(int max);
+
+  Q_SIGNALS:
+    // The user has dragged to a value, or typed one and pressed Return.
+    void changed(int value);
+
+  private:
+    void take(int value);
+
+    QLabel *label_;
+    QSpinBox *field_;
+    QSlider *scale_;
+};
+
+}  // namespace brindle
