@@ -54,7 +54,8 @@ namespace {
 class ItemWriter {
   public:
     ItemWriter(MapText &map, QWidget &window) : map_(map), window_(window), frame_(map_id(window)) {}
-    void write(QWidget &widget);
+    // `view`: the part of the widget that its mothers have room for.
+    void write(QWidget &widget, const QRect &view);
 
   private:
     bool write_field(QWidget &widget);
@@ -233,8 +234,8 @@ bool ItemWriter::write_view(QWidget &widget) {
 }
 
 // What an item consists of is no item.
-void ItemWriter::write(QWidget &widget) {
-    if (widget.visibleRegion().isEmpty()) return;
+void ItemWriter::write(QWidget &widget, const QRect &view) {
+    if (!widget.isVisible() || view.isEmpty()) return;
     if (write_field(widget) || write_view(widget)) return;
     if (const auto *menu = qobject_cast<QMenu *>(&widget)) {
         for (const QAction *entry : menu->actions())
@@ -245,14 +246,14 @@ void ItemWriter::write(QWidget &widget) {
     }
     for (QObject *child : widget.children()) {
         auto *part = qobject_cast<QWidget *>(child);
-        if (part && !part->isWindow()) write(*part);
+        if (part && !part->isWindow()) write(*part, (view & part->geometry()).translated(-part->pos()));
     }
 }
 
 }  // namespace
 
 void write_items(MapText &map, QWidget &window) {
-    ItemWriter(map, window).write(window);
+    ItemWriter(map, window).write(window, window.rect());
 }
 
 }  // namespace brindle

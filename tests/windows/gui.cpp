@@ -45,6 +45,22 @@ unsigned long property(Display *display, Window window, const char *name, Atom t
     return value;
 }
 
+// What settings and the desktop of whoever runs the tests say is not for the program: it keeps its own in
+// that directory.
+std::vector<std::string> on_a_bare_desktop(const std::string &settings) {
+    return {"QT_QPA_PLATFORM=xcb",
+            "QT_QPA_PLATFORMTHEME=",
+            "QT_STYLE_OVERRIDE=",
+            "QT_SCALE_FACTOR=",
+            "QT_FONT_DPI=96",
+            "XDG_CURRENT_DESKTOP=",
+            "XDG_CONFIG_HOME=" + settings + "/config",
+            "XDG_STATE_HOME=" + settings + "/state",
+            "XDG_DATA_HOME=" + settings + "/data",
+            "XDG_RUNTIME_DIR=" + settings,
+            LEAKS_OF_OTHERS};
+}
+
 // In a directory of its own, a program finds files by the names that the test gave them.
 std::vector<std::string> in_directory(const std::string &directory, const std::vector<std::string> &command) {
     std::vector<std::string> words{"sh", "-c", "cd \"$0\" && exec \"$@\"", directory};
@@ -66,10 +82,10 @@ Gui::Gui(std::vector<std::string> command, GuiOptions options)
     server_.move_pointer(1279, 999);
     const std::string map_directory = std::filesystem::path(map_file_).parent_path().string();
     inotify_add_watch(changes_, map_directory.c_str(), IN_MOVED_TO);
-    std::vector<std::string> environment = options.environment;
+    std::vector<std::string> environment = on_a_bare_desktop(map_directory);
+    environment.insert(environment.end(), options.environment.begin(), options.environment.end());
     environment.push_back("DISPLAY=" + server_.name());
     environment.push_back("BRINDLE_UI_MAP=" + map_file_);
-    environment.push_back(LEAKS_OF_OTHERS);
     program_ =
         std::make_unique<Process>(in_directory(directory_, command), environment, map_directory + "/errors");
     const auto started = [&](const UiMap &map) {
