@@ -26,7 +26,7 @@ void tell_cannot_open(const std::string &name, TreeWindow &window) {
 }  // namespace
 
 void BatchBox::add_actions() {
-    add_action("Expand all nodes", [this] {
+    add_action("Expand all nodes", [this](const auto &) {
         run("Expanding away...", [this](Run &run) {
             TreeWindow &window = window_in_hand();
             return expand_all(
@@ -34,21 +34,20 @@ void BatchBox::add_actions() {
                 show_hidden_in(window));
         });
     });
-    add_action("Propose an annotation", [this] { run("Proposing away...", brindle::propose_all); });
-    auto *evaluate = add_action("Propose and evaluate results", {});
-    connect(evaluate, &QPushButton::clicked, this,
-            [this, evaluate] { window_in_hand().results_requestor->show_right_of(*evaluate); });
-    add_action("Undo all edits on tree", [this] { run("", brindle::undo_edits_all); });
-    auto *write = add_action("Write selection to file", {});
-    connect(write, &QPushButton::clicked, this, [this, write] {
+    add_action("Propose an annotation", [this](const auto &) { run("Proposing away...", brindle::propose_all); });
+    add_action("Propose and evaluate results", [this](const QPushButton &button) {
+        window_in_hand().results_requestor->show_right_of(button);
+    });
+    add_action("Undo all edits on tree", [this](const auto &) { run("", brindle::undo_edits_all); });
+    add_action("Write selection to file", [this](const QPushButton &button) {
         FileRequestor &requestor = *window_in_hand().file_requestor;
         requestor.set_handler([this](const std::string &name, CorpusFormat format) {
             write_selection(name, static_cast<int>(format));
         });
-        requestor.show_right_of(*write);
+        requestor.show_right_of(button);
     });
-    add_action("Check tree", [this] { run("Checking trees...", brindle::check_all); });
-    add_action("Uncheck tree", [this] { run("Unchecking trees...", brindle::uncheck_all); }, true);
+    add_action("Check tree", [this](const auto &) { run("Checking trees...", brindle::check_all); });
+    add_action("Uncheck tree", [this](const auto &) { run("Unchecking trees...", brindle::uncheck_all); }, true);
 }
 
 void BatchBox::propose_and_evaluate_into(const std::string &name) {

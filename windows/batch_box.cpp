@@ -67,9 +67,10 @@ void BatchBox::add_random_selection(int trees) {
     set_random(false);
 }
 
-QPushButton *BatchBox::add_action(const QString &label, std::function<void()> f, bool same_row) {
+void BatchBox::add_action(const QString &label, Action action, bool same_row) {
     if (!same_row) new_row();
-    return add_button(label, std::move(f));
+    QPushButton *button = add_button(label, {});
+    connect(button, &QPushButton::clicked, this, [button, action = std::move(action)] { action(*button); });
 }
 
 void BatchBox::open(const QWidget &below) {
@@ -137,14 +138,12 @@ void BatchBox::begin() {
     trees_ = select_trees(corpus(), choice());
     taken_ = 0;
     shown_.start();
-    workbench.run().on_interrupt = [this] { stop(); };
 }
 
 void BatchBox::stop() {
     TreeWindow &window = window_in_hand();
     Workbench &workbench = window.workbench();
     workbench.run().end();
-    workbench.run().on_interrupt = nullptr;
     trees_.clear();
     workbench.set_all_busy(false);
     set_running(false);

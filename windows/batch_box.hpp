@@ -37,7 +37,8 @@ class BatchBox final : public CommandWindow {
     void add_random_selection(int trees);
     void add_actions();       // batch_actions.cpp
     void add_node_actions();  // node_runs.cpp
-    QPushButton *add_action(const QString &label, std::function<void()> f, bool same_row = false);
+    using Action = std::function<void(const QPushButton &)>;
+    void add_action(const QString &label, Action action, bool same_row = false);
 
     void recount();
     void move_start(int from);

@@ -143,7 +143,7 @@ NumberSlider *CommandWindow::add_slider(const QString &label, int min, int max, 
 QPushButton *CommandWindow::add_button(const QString &label, std::function<void()> pressed) {
     auto *button = new QPushButton(label);
     button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, std::move(pressed));
+    if (pressed) connect(button, &QPushButton::clicked, this, std::move(pressed));
     add_widget(button);
     return button;
 }

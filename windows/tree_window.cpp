@@ -141,6 +141,7 @@ void TreeWindow::create_canvas() {
                                           nr_of_font_scales - 1));
     set_font_name(settings.text("tree/font", start_font).toStdString());
     canvas_->set_zoom(settings.real("tree/zoom", 1));
+    use_chosen_colours();
 }
 
 void TreeWindow::show_corpus_name() {
@@ -196,6 +197,13 @@ void TreeWindow::propose() {
              true);
 }
 
+void TreeWindow::go_to_number() {
+    bool answered = false;
+    const int tree = QInputDialog::getInt(this, "Go to number", "Tree #", tree_number_ + 1, 1, corpus().amount(), 1,
+                                          &answered);
+    if (answered) turn_to(tree - 1);
+}
+
 // ---------------------------------------------------------------- telling
 
 void TreeWindow::set_footer(std::string_view text) {
@@ -214,9 +222,13 @@ int TreeWindow::ask_at(const Node *node, const NoticeSpec &spec) {
     return brindle::ask(this, spec, canvas_->screen_place_of(node));
 }
 
-bool TreeWindow::is_disabled() {
+bool TreeWindow::is_locked() {
     const Tree *tree = current_tree();
-    if (!tree || !tree->editing) return false;
+    return tree && tree->editing;
+}
+
+bool TreeWindow::is_disabled() {
+    if (!is_locked()) return false;
     tell("A syntax editor is active on this tree,\ntherefore this tree's interactivity is disabled.", true);
     return true;
 }

@@ -125,7 +125,14 @@ class TreeWindow final : public QMainWindow, public TreeView {
     QWidget *button_of(QAction *action) const;
     void set_fonts();
     Node *first_selected();
+    bool is_locked();  // the shown tree is open in a syntax editor
     void propose();
+    void go_to_number();
+    // tree_look.cpp: what of the look the user chooses in dialogs
+    void choose_font();
+    void choose_colour(const char *name, QColor TreeColours::*part);
+    void use_chosen_colours();
+    void forget_colours();
 
     // canvas_events.cpp: what presses and keys on the canvas do
     void pressed(const QMouseEvent &event, const Hit &hit);

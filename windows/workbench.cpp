@@ -17,6 +17,9 @@ Workbench::Workbench(Corpus &corpus)
       host_(std::make_unique<PrologWindowHost>(*this)),
       prolog_(std::make_unique<PrologSession>(*host_, corpus)) {
     corpus.listeners.push_back(this);
+    run_.on_interrupt = [this] {
+        if (TreeWindow *running = run_.window()) running->stop_batch();
+    };
 }
 
 Workbench::~Workbench() {
