@@ -1,6 +1,8 @@
 # What is seen: drawing/ (trees on whatever Qt Gui can paint on), windows/ (Qt Widgets on top of it), and the program
 # that opens them.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb) # for windows/ui_map_x11.cpp alone
 set(qt_definitions QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_KEYWORDS)
 
 file(GLOB drawing_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/drawing/*.cpp)
@@ -12,7 +14,7 @@ file(GLOB window_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/windows/*.cpp)
 add_library(brindle_windows STATIC ${window_sources})
 set_target_properties(brindle_windows PROPERTIES AUTOMOC ON)
 target_precompile_headers(brindle_windows PRIVATE <QtWidgets>)
-target_link_libraries(brindle_windows PUBLIC brindle_drawing Qt6::Widgets)
+target_link_libraries(brindle_windows PUBLIC brindle_drawing Qt6::Widgets PRIVATE PkgConfig::xcb)
 
 add_executable(brindle app/brindle.cpp)
 target_link_libraries(brindle PRIVATE brindle_windows)

@@ -1,5 +1,5 @@
 #pragma once
-// The screen map, for tests and scripts (docs/ui-map... in the source file's head).
+// The screen map, for tests and scripts; the source file's head says what stands in it.
 
 namespace brindle {
 
