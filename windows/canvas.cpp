@@ -110,6 +110,12 @@ void Canvas::set_colours(const TreeColours &colours) {
     viewport()->update();
 }
 
+void Canvas::follow_palette() {
+    own_colours_ = false;
+    colours_ = colours_for(palette());
+    viewport()->update();
+}
+
 void Canvas::changeEvent(QEvent *event) {
     if (event->type() == QEvent::PaletteChange && !own_colours_) {
         colours_ = colours_for(palette());

@@ -31,6 +31,8 @@ class Canvas final : public QAbstractScrollArea {
 
     // The tree or its sizes have changed: lays out and paints when the loop is next idle.
     void refresh();
+    // What is laid out is not good any more; nothing is painted for that.
+    void forget() { picture_.forget(); }
     // Lays out now, unless what is laid out is good.
     void lay_out_now();
     // Nothing is shown, until refresh; or a text instead of a tree ("": none).
@@ -38,6 +40,8 @@ class Canvas final : public QAbstractScrollArea {
     void set_message(const QString &text);
     void set_fonts(const TreeFonts &fonts);
     void set_colours(const TreeColours &colours);
+    void follow_palette();  // the colours are the palette's again, as at first
+    const TreeColours &colours() const { return colours_; }
     const TreePicture &picture() const { return picture_; }
 
     // Scrolling, in pixels of the view.

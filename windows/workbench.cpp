@@ -23,7 +23,7 @@ Workbench::Workbench(Corpus &corpus)
 }
 
 Workbench::~Workbench() {
-    std::erase(corpus_.listeners, this);
+    std::erase(corpus_.listeners, static_cast<ChangeListener *>(this));
     prolog_.reset();
     for (TreeWindow *window : windows_) delete window;
 }
