@@ -1,22 +1,23 @@
 // The workbench: reads a corpus and opens its main window.
+#include <clocale>
 #include <cstdio>
 #include <cstring>
 #include <string>
+
+#include <QApplication>
 
 #include <fmt/printf.h>
 
 #include "base/error.hpp"
 #include "base/text.hpp"
-#include "commands/install.hpp"
-#include "commands/prolog_window.hpp"
 #include "corpus/lattices.hpp"
 #include "corpus/reader.hpp"
-#include "gui/dialogs.hpp"
-#include "gui/main_window.hpp"
-#include "gui/the_corpus.hpp"
-#include "toolkit/display.hpp"
-#include "toolkit/frame.hpp"
-#include "toolkit/notifier.hpp"
+#include "drawing/text.hpp"
+#include "windows/appearance.hpp"
+#include "windows/main_window.hpp"
+#include "windows/ui_map.hpp"
+#include "windows/workbench.hpp"
+#include "windows/x_options.hpp"
 
 namespace {
 
@@ -62,31 +63,76 @@ bool answered(int argc, char **argv) {
     return true;
 }
 
-void read_everything(int argc, char **argv) {
+void read_everything(Corpus &corpus, int argc, char **argv) {
     const bool with_wordgraphs = argc == 4 && std::strcmp(argv[1], "-w") == 0;
     if (argc != 2 && !with_wordgraphs)
         error(fmt::sprintf("Usage:\n\t%s [-w <wordgraphfile>][X-options] <corpusname>", argv[0]));
-    Corpus &corpus = the_corpus();
     read_corpus(corpus, argv[argc - 1]);
     if (with_wordgraphs) read_wordgraphs(corpus, argv[2]);
     corpus.name = argv[argc - 1];
+}
+
+// The application takes the locale of the environment; the program's own choice is to stay.
+class KeepLocale {
+  public:
+    KeepLocale() : characters_(std::setlocale(LC_CTYPE, nullptr)) {
+        before_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    }
+    ~KeepLocale() {
+        qInstallMessageHandler(before_);
+        std::setlocale(LC_CTYPE, characters_.c_str());
+        std::setlocale(LC_NUMERIC, "C");
+    }
+    KeepLocale(const KeepLocale &) = delete;
+    KeepLocale &operator=(const KeepLocale &) = delete;
+
+  private:
+    std::string characters_;
+    QtMessageHandler before_;  // it would tell users of other locales that the application has left them
+};
+
+std::unique_ptr<QApplication> start_application(int &argc, char **argv) {
+    const KeepLocale keep;
+    return std::make_unique<QApplication>(argc, argv);
+}
+
+// Shows the main window as the options say. A place is given as WxH+X+Y, each part may be missing.
+void show_main_window(MainWindow &window, const XOptions &options) {
+    if (!options.title.empty()) window.setWindowTitle(to_qstring(options.title));
+    int width = 0, height = 0, x = 0, y = 0;
+    const char *geometry = options.geometry.c_str();
+    if (std::sscanf(geometry, "%dx%d", &width, &height) == 2 && width > 0 && height > 0)
+        window.resize(width, height);
+    const std::size_t place = options.geometry.find_first_of("+-");
+    if (place != std::string::npos && std::sscanf(geometry + place, "%d%d", &x, &y) == 2) window.move(x, y);
+    if (options.iconic)
+        window.showMinimized();
+    else
+        window.show();
 }
 
 }  // namespace
 
 int main(int argc, char **argv) {
     set_text_locale();
-    tk::init(argc, argv);
+    const XOptions options = take_x_options(argc, argv);
     if (answered(argc, argv)) return 0;
-    read_everything(argc, argv);
+    Corpus corpus;
+    read_everything(corpus, argc, argv);
 
-    install_commands();
-    repaint_on_changes();
-    tk::Frame main_frame("BRINDLE");
-    create_main_window(main_frame);
-    MainProlog prolog(main_frame);
-    prolog.start();
-    main_frame.show();
-    tk::main_loop();
-    return 0;
+    apply_before_start(options);
+    if (const std::string reason = why_no_display(options); !reason.empty()) {
+        fmt::print(stderr, "{}: {}\n", argv[0], reason);
+        return 1;
+    }
+    const auto application = start_application(argc, argv);
+    QApplication::setApplicationName("brindle");
+    QGuiApplication::setDesktopFileName("io.brindle.Workbench");
+    QApplication::setQuitOnLastWindowClosed(false);
+    Workbench workbench(corpus);
+    set_up_appearance(options, workbench.settings());
+    start_ui_map();
+    workbench.start_prolog();
+    show_main_window(workbench.main_window(), options);
+    return QApplication::exec();
 }

@@ -14,6 +14,10 @@ struct TreeColours {
     QColor selected_text;
 };
 
+// From 1 to 21, as the Web Content Accessibility Guidelines measure it; and what texts need of it.
+double contrast(const QColor &a, const QColor &b);
+inline constexpr double least_contrast = 4.5;
+
 // Colours that fit a light or dark palette; where the palette's text and base are not the usual ones (the
 // user has named colours), all texts are in that text colour.
 TreeColours colours_for(const QPalette &palette);

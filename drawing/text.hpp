@@ -11,6 +11,9 @@ namespace brindle {
 // to_locale makes the same bytes again. Never fails.
 QString to_qstring(std::string_view locale_text);
 
+// The same for what is only looked at: such bytes become replacement signs.
+QString to_shown(std::string_view locale_text);
+
 // What was typed, in the locale's encoding. Characters that the locale lacks become '?'.
 std::string to_locale(const QString &text);
 

@@ -15,9 +15,13 @@
 
 namespace brindle {
 
+class LabelTexts;
+
+// Its trees are of one corpus, which outlives it.
 class TreePicture {
   public:
     explicit TreePicture(const TreeFonts &fonts);
+    ~TreePicture();
 
     // Other fonts: nothing is laid out any more.
     void set_fonts(const TreeFonts &fonts);
@@ -43,7 +47,7 @@ class TreePicture {
     // Calls f(const PlacedNode &) for every node of which something may be seen in the part.
     template <class F>
     void for_each_in(const QRectF &part, F &&f) const {
-        if (layout_) layout_->for_each_in(clip_of(part), text_height_, params_, f);
+        if (layout_) layout_->for_each_in(clip_of(part), text_height(), params_, f);
     }
 
     // Paints the part of the picture. Texts of less than about two pixels of the device are left out where
@@ -51,15 +55,16 @@ class TreePicture {
     void paint(QPainter &painter, const QRectF &part, const TreeColours &colours, bool skip_tiny) const;
 
     const TreeFonts &fonts() const { return fonts_; }
-    int text_height() const { return text_height_; }  // of "H"
+    // Of a line of text above its baseline: what "H" and what is higher takes.
+    int text_height() const;
 
   private:
     static Clip clip_of(const QRectF &part);
 
     TreeFonts fonts_;
-    int text_height_ = 0;
     LayoutParams params_;
     std::unique_ptr<CachedMeasure> measure_;
+    std::unique_ptr<LabelTexts> texts_;
     std::optional<TreeLayout> layout_;
 };
 

@@ -24,20 +24,24 @@ class Canvas final : public QAbstractScrollArea {
     std::function<Shown()> on_need;
     // A mouse button on the canvas and what lies there; `at` is in pixels of the picture.
     std::function<void(const QMouseEvent &event, const Hit &hit)> on_press;
-    // A key that the canvas does not use itself; true: it has been dealt with.
+    // A key; true: it has been dealt with. Of others arrows and page keys scroll.
     std::function<bool(QKeyEvent &event)> on_key;
     // The tree has been laid out anew.
     std::function<void()> on_laid_out;
 
     // The tree or its sizes have changed: lays out and paints when the loop is next idle.
     void refresh();
+    // What is laid out is not good any more; nothing is painted for that.
+    void forget() { picture_.forget(); }
     // Lays out now, unless what is laid out is good.
     void lay_out_now();
     // Nothing is shown, until refresh; or a text instead of a tree ("": none).
     void clear();
-    void set_message(const QString &text) { message_ = text; }
+    void set_message(const QString &text);
     void set_fonts(const TreeFonts &fonts);
     void set_colours(const TreeColours &colours);
+    void follow_palette();  // the colours are the palette's again, as at first
+    const TreeColours &colours() const { return colours_; }
     const TreePicture &picture() const { return picture_; }
 
     // Scrolling, in pixels of the view.
@@ -49,7 +53,11 @@ class Canvas final : public QAbstractScrollArea {
     QPoint screen_place_of(const Node *node);
     QRect view_box_of(const QRectF &picture_box) const;  // in the viewport
 
-    // Zoom: 1 is the layout's size. Kept between 1/50 and 8.
+    // The node that keys act on, for those to whom the screen is read aloud; null: none.
+    void set_focus_node(const Node *node);
+    const Node *focus_node() const { return focus_node_; }
+
+    // Zoom: 1 is the layout's size. Kept between 1/50, or less where the whole tree needs it, and 8.
     double zoom() const { return zoom_; }
     void set_zoom(double zoom, QPointF around);  // `around`, in the viewport, stays where it is
     void set_zoom(double zoom);                  // around the middle
@@ -66,18 +74,26 @@ class Canvas final : public QAbstractScrollArea {
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
 
   private:
-    QPointF origin() const;  // the picture's place at the viewport's upper left corner
+    QPointF origin() const;                   // the picture's place at the viewport's upper left corner
+    QPointF picture_place(QPointF at) const;  // of a place in the viewport
+    QPointF view_place(QPointF place) const;  // and back
+    double fitting_zoom() const;
     void adjust_bars();
+    void take_zoom(double zoom);
 
     TreePicture picture_;
     TreeColours colours_;
     QString message_;
     double zoom_ = 1;
+    const Node *focus_node_ = nullptr;
     bool cleared_ = false;
+    bool layout_is_due_ = false;
     bool own_colours_ = false;
     QPoint pan_from_;
+    bool may_pan_ = false;  // the left button went down on empty canvas
     bool panning_ = false;
 };
 

@@ -1,0 +1,56 @@
+#pragma once
+// The texts of labels as a picture draws them: converted and measured once for each label and font.
+#include <QFont>
+#include <QString>
+
+#include <array>
+
+#include <tsl/robin_map.h>
+
+#include "display/text_measure.hpp"
+#include "drawing/fonts.hpp"
+#include "model/node.hpp"
+
+namespace brindle {
+
+enum class TextKind : int { category, tag, word };
+inline constexpr int nr_of_text_kinds = 3;
+
+// Null: the node has none of that kind.
+inline const Label *label_of(const Node *node, TextKind kind) {
+    return kind == TextKind::category ? node->syn() : kind == TextKind::tag ? node->sem() : node->lex();
+}
+
+// Whole pixels from the baseline, the largest of the three fonts.
+struct TextHeights {
+    int above = 0;     // of a line of text: its ascent
+    int below = 0;     // its descent
+    int capitals = 0;  // of "H" itself
+};
+
+struct LabelText {
+    QString text;
+    double width = 0;
+};
+
+class LabelTexts {
+  public:
+    explicit LabelTexts(const TreeFonts &fonts);
+
+    const QFont &font(TextKind kind) const { return fonts_[static_cast<std::size_t>(kind)]; }
+    TextHeights heights() const { return heights_; }
+    // Good until the next call. The label's corpus outlives this object.
+    const LabelText &text(const Label *label, TextKind kind);
+
+  private:
+    static constexpr std::size_t most_kept = 50'000;
+
+    std::array<QFont, nr_of_text_kinds> fonts_;
+    std::array<tsl::robin_map<const Label *, LabelText>, nr_of_text_kinds> texts_;
+    TextHeights heights_;
+};
+
+// One measure for the texts of all kinds: their widths in the widest of the fonts, in whole pixels.
+CachedMeasure::Measure widest_measure(const TreeFonts &fonts);
+
+}  // namespace brindle

@@ -1,0 +1,86 @@
+#include "windows/appearance.hpp"
+
+#include <utility>
+
+#include "drawing/fonts.hpp"
+#include "drawing/text.hpp"
+#include "windows/settings.hpp"
+#include "windows/x_options.hpp"
+
+namespace brindle {
+namespace {
+
+// The colours that the command line has named for texts and their ground; invalid: none.
+struct NamedColours {
+    QColor text, ground;
+};
+
+NamedColours &named_colours() {
+    static NamedColours colours;
+    return colours;
+}
+
+QPalette light_palette() {
+    QPalette palette(QColor(0xEFEFEF), QColor(0xEFEFEF));
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    palette.setColor(QPalette::Highlight, QColor(0x1F5FAF));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0x606060));
+    return palette;
+}
+
+QPalette dark_palette() {
+    QPalette palette(QColor(0x353535), QColor(0x353535));
+    palette.setColor(QPalette::Base, QColor(0x1E1E1E));
+    palette.setColor(QPalette::AlternateBase, QColor(0x2A2A2A));
+    palette.setColor(QPalette::Highlight, QColor(0x3A7BD5));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, QColor(0xA0A0A0));
+    palette.setColor(QPalette::ToolTipBase, QColor(0x2A2A2A));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::ToolTipText,
+                            QPalette::BrightText})
+        palette.setColor(role, QColor(0xF0F0F0));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x909090));
+    return palette;
+}
+
+QPalette palette_of(Theme theme) {
+    static const bool platform_is_dark = QGuiApplication::palette().window().color().lightness() < 128;
+    const bool dark = theme == Theme::dark || (theme == Theme::platform && platform_is_dark);
+    QPalette palette = dark ? dark_palette() : light_palette();
+    if (named_colours().text.isValid()) palette.setColor(QPalette::Text, named_colours().text);
+    if (named_colours().ground.isValid()) palette.setColor(QPalette::Base, named_colours().ground);
+    return palette;
+}
+
+}  // namespace
+
+void set_up_appearance(const XOptions &options, const Settings &settings) {
+    QApplication::setStyle("Fusion");
+    NamedColours &named = named_colours();
+    named.text = QColor(to_qstring(options.foreground));
+    named.ground = QColor(to_qstring(options.background));
+    if (options.reverse) {
+        const QPalette usual = palette_of(Theme::platform);
+        std::swap(named.text, named.ground);
+        if (!named.text.isValid()) named.text = usual.base().color();
+        if (!named.ground.isValid()) named.ground = usual.text().color();
+    }
+    QApplication::setPalette(palette_of(theme_in(settings)));
+    if (options.font.empty()) return;
+    if (const auto fonts = find_tree_fonts(options.font, 1)) QApplication::setFont(fonts->word);
+}
+
+void use_theme(Theme theme, Settings &settings) {
+    settings.remember("theme", static_cast<int>(theme));
+    QApplication::setPalette(palette_of(theme));
+}
+
+Theme theme_in(const Settings &settings) {
+    const int theme = settings.number("theme", 0);
+    return theme == 1 ? Theme::light : theme == 2 ? Theme::dark : Theme::platform;
+}
+
+}  // namespace brindle

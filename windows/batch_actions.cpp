@@ -1,0 +1,95 @@
+// The actions of the batch box that work in one go.
+#include <fmt/format.h>
+
+#include "base/output_file.hpp"
+#include "corpus/saving.hpp"
+#include "drawing/text.hpp"
+#include "propose/report.hpp"
+#include "propose/selection_writer.hpp"
+#include "windows/batch_box.hpp"
+#include "windows/formulas.hpp"
+#include "windows/saving.hpp"
+#include "windows/tree_window.hpp"
+#include "windows/workbench.hpp"
+
+namespace brindle {
+namespace {
+
+void tell_of_failed_write(const WriteFault &fault, TreeWindow &window) {
+    window.tell(fmt::format("Cannot write to:\n{}\n{}", fault.name, fault.reason), false);
+}
+
+void tell_cannot_open(const std::string &name, TreeWindow &window) {
+    window.tell(fmt::format("Error: Can't open {} for writing", name), false);
+}
+
+}  // namespace
+
+void BatchBox::add_actions() {
+    add_action("Expand all nodes", [this](const auto &) {
+        run("Expanding away...", [this](Run &run) {
+            TreeWindow &window = window_in_hand();
+            return expand_all(
+                run, [&window](const ExpansionError &error) { show_error(error, window); },
+                show_hidden_in(window));
+        });
+    });
+    add_action("Propose an annotation", [this](const auto &) { run("Proposing away...", brindle::propose_all); });
+    add_action("Propose and evaluate results", [this](const QPushButton &button) {
+        window_in_hand().results_requestor->show_right_of(button);
+    });
+    add_action("Undo all edits on tree", [this](const auto &) { run("", brindle::undo_edits_all); });
+    add_action("Write selection to file", [this](const QPushButton &button) {
+        FileRequestor &requestor = *window_in_hand().file_requestor;
+        requestor.set_handler([this](const std::string &name, CorpusFormat format) {
+            write_selection(name, static_cast<int>(format));
+        });
+        requestor.show_right_of(button);
+    });
+    add_action("Check tree", [this](const auto &) { run("Checking trees...", brindle::check_all); });
+    add_action("Uncheck tree", [this](const auto &) { run("Unchecking trees...", brindle::uncheck_all); }, true);
+}
+
+void BatchBox::propose_and_evaluate_into(const std::string &name) {
+    TreeWindow &window = window_in_hand();
+    Workbench &workbench = window.workbench();
+    OutputFile file(name);
+    if (!file.ok()) return tell_cannot_open(name, window);
+    window.results_requestor->hide();
+    const SelectionChoice chosen = choice();
+    std::string report;
+    run("Proposing away, and evaluating results...", [&](Run &run) {
+        int last = -1;
+        report = propose_and_evaluate(run, chosen, last);
+        return last;
+    });
+    if (!(file.write(report) && file.commit()) && workbench.window_of(&window))
+        tell_of_failed_write({name, file.error()}, window);
+}
+
+void BatchBox::write_selection(const std::string &name, int format) {
+    TreeWindow &window = window_in_hand();
+    Workbench &workbench = window.workbench();
+    if (const OutputFile probe(name); !probe.ok()) return tell_cannot_open(name, window);
+    window.file_requestor->hide();
+    WriteFault fault;
+    run(fmt::format("Writing selection to {}....", name), [&](Run &run) {
+        int last = -1;
+        const auto evaluate = [&](Node *root) { return evaluate_root(root, window, [&run] { run.stop(); }); };
+        fault = brindle::write_selection(run, name, static_cast<CorpusFormat>(format), evaluate, last);
+        return last;
+    });
+    if (!workbench.window_of(&window)) return;
+    if (!fault.name.empty())
+        tell_of_failed_write(fault, window);
+    else
+        window.set_footer(fmt::format("Selection written to {}....", name));
+}
+
+ResultsRequestor::ResultsRequestor(TreeWindow &owner)
+    : CommandWindow(owner, "Save evaluation results in:"), name_(add_file_field("File name:", 30)) {
+    add_ok_and_cancel(
+        [this] { window_in_hand().batch_box->propose_and_evaluate_into(to_locale(name_->text())); });
+}
+
+}  // namespace brindle

@@ -1,0 +1,109 @@
+#include "windows/formulas.hpp"
+
+#include <fmt/format.h>
+
+#include "drawing/text.hpp"
+#include "prolog/checking.hpp"
+#include "prolog/run_once.hpp"
+#include "windows/tree_window.hpp"
+#include "windows/workbench.hpp"
+
+namespace brindle {
+namespace {
+
+// True after the busy notice at the node.
+bool refused_while_busy(TreeWindow &window, const Node *node) {
+    if (!window.workbench().prolog().is_busy()) return false;
+    tell_busy(window, node, "Cannot evaluate this subtree, prolog is busy");
+    return true;
+}
+
+// Expands over the selected nodes. False after a notice at the node that is at fault.
+bool expand_selected(std::string &out, Node *top, TreeWindow &window) {
+    const auto error = expand(out, window.corpus(), top, {.on_punctuation = show_hidden_in(window)});
+    if (error) show_error(*error, window);
+    return !error;
+}
+
+}  // namespace
+
+void tell_busy(TreeWindow &window, const Node *node, std::string_view text) {
+    enum Answer { fix = 0, known = 1 };
+    const int answer = window.ask_at(node, {.message = std::string(text),
+                                            .buttons = {{"I Know", known}, {"Please try to fix that", fix}},
+                                            .escape_value = known,
+                                            .silent = true});
+    PrologSession &prolog = window.workbench().prolog();
+    if (answer == fix && prolog.is_busy()) prolog.write_line("true.\n");
+}
+
+void filter_node(TreeWindow &window, Node &node) {
+    if (!node.sem()) return window.tell_at(&node, "This node requires an annotation", false);
+    if (refused_while_busy(window, &node)) return;
+    window.workbench().prolog().filter(&node, window.predicate, &window);
+}
+
+void evaluate_subtree(TreeWindow &window, Node &node) {
+    Node *top = top_of_selection(&node);
+    std::string formula;
+    if (!expand_selected(formula, top, window) || refused_while_busy(window, top)) return;
+    window.workbench().prolog().send_query(window.predicate.evaluation_line(formula), &window);
+}
+
+void show_expansion(TreeWindow &window, Node &node) {
+    Node *top = top_of_selection(&node);
+    std::string text;
+    if (expand_selected(text, top, window)) window.tell_at(top, text + ".\n\n", true);
+}
+
+void expand_annotations(TreeWindow &window, Node &node) {
+    const auto error = expand_into_tags(window.corpus(), top_of_selection(&node),
+                                        {.on_punctuation = show_hidden_in(window)});
+    if (error) show_error(*error, window);
+}
+
+std::function<void(Node *)> show_hidden_in(TreeWindow &window) {
+    return [&window](Node *) { window.show_punctuation(true); };
+}
+
+void show_error(const ExpansionError &error, TreeWindow &window) {
+    window.tell_at(error.node, error.message, false);
+}
+
+Formula evaluate_root(Node *root, TreeWindow &window, const std::function<void()> &stop) {
+    const CheckedFormula checked = evaluate_formula(window.corpus(), root, show_hidden_in(window));
+    for (int i = 0; i < checked.dropped_chunks; ++i) fmt::print("{}\n", output_dropped);
+    if (checked.error) {
+        stop();
+        show_error(*checked.error, window);
+    }
+    return checked.formula;
+}
+
+// ---------------------------------------------------------------- the predicate
+
+PredicateRequestor::PredicateRequestor(TreeWindow &owner) : CommandWindow(owner, "Evaluation predicate") {
+    add_message("Set predicate for this window");
+    new_row();
+    field_ = add_field("       Predicate:", 12);
+    new_row();
+    add_message("Note: Just give the name,do not");
+    new_row();
+    add_message("indicate arity or supply arguments");
+    add_ok_and_cancel([this] { take_predicate(); });
+}
+
+void PredicateRequestor::open() {
+    hide();
+    const Predicate &predicate = window_in_hand().predicate;
+    if (!predicate.is_null) field_->setText(to_qstring(predicate.text));
+    field_->setFocus();
+    show_at(window_in_hand().menu_place());
+}
+
+void PredicateRequestor::take_predicate() {
+    hide();
+    window_in_hand().set_footer(window_in_hand().predicate.set(to_locale(field_->text())));
+}
+
+}  // namespace brindle

@@ -1,0 +1,49 @@
+#pragma once
+// The main window: "Quit", the Prolog query field, "Edit", the output window.
+#include <QMainWindow>
+
+#include <string>
+#include <string_view>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+
+namespace brindle {
+
+class OutputWindow;
+class Workbench;
+
+class MainWindow final : public QMainWindow {
+    Q_OBJECT
+  public:
+    explicit MainWindow(Workbench &workbench);
+
+    QLineEdit &query() { return *query_; }
+    OutputWindow &output() { return *output_; }
+    void set_query_label(std::string_view label);
+    void set_footer(std::string_view text);
+    // "Edit" and the title show the corpus' name.
+    void show_corpus_name();
+    // Keeps its size for the next start.
+    void remember();
+
+  protected:
+    void closeEvent(QCloseEvent *event) override;
+
+  private:
+    Workbench &workbench_;
+    QLabel *query_label_;
+    QLineEdit *query_;
+    QPushButton *edit_;
+    OutputWindow *output_;
+};
+
+// The label of the "Edit" button for a corpus name: "Edit %s", a name of more than 34 bytes cut to its first
+// 31 and "...".
+std::string edit_label(std::string_view corpus);
+
+// Shows a footer: in the status line, and in the window's property "footer".
+void set_footer(QMainWindow &window, std::string_view text);
+
+}  // namespace brindle

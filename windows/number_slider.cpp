@@ -1,0 +1,68 @@
+#include "windows/number_slider.hpp"
+
+namespace brindle {
+
+NumberSlider::NumberSlider(const QString &label, int min, int max, int value, int scale_width)
+    : label_(new QLabel(label)), field_(new QSpinBox), scale_(new QSlider(Qt::Horizontal)) {
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(label_);
+    row->addWidget(field_);
+    row->addWidget(scale_, 1);
+    label_->setTextFormat(Qt::PlainText);
+    label_->setBuddy(field_);
+    field_->setButtonSymbols(QAbstractSpinBox::NoButtons);
+    field_->setKeyboardTracking(false);
+    field_->setAccessibleName(label);
+    scale_->setAccessibleName(label);
+    scale_->setMinimumWidth(scale_width);
+    scale_->setFocusPolicy(Qt::TabFocus);
+    setFocusProxy(field_);
+    set_minimum(min);
+    set_maximum(max);
+    set_value(value);
+    connect(field_, &QSpinBox::valueChanged, this, &NumberSlider::take);
+    connect(scale_, &QSlider::valueChanged, this, &NumberSlider::take);
+}
+
+void NumberSlider::take(int value) {
+    set_value(value);
+    Q_EMIT changed(value);
+}
+
+int NumberSlider::value() const {
+    return field_->value();
+}
+int NumberSlider::minimum() const {
+    return field_->minimum();
+}
+int NumberSlider::maximum() const {
+    return field_->maximum();
+}
+QString NumberSlider::label() const {
+    return label_->text();
+}
+QRect NumberSlider::field_box() const {
+    return field_->geometry();
+}
+
+void NumberSlider::set_value(int value) {
+    const QSignalBlocker quiet_field(field_), quiet_scale(scale_);
+    field_->setValue(value);
+    scale_->setValue(value);
+}
+
+void NumberSlider::set_minimum(int min) {
+    const QSignalBlocker quiet_field(field_), quiet_scale(scale_);
+    field_->setMinimum(min);
+    scale_->setMinimum(min);
+}
+
+void NumberSlider::set_maximum(int max) {
+    const QSignalBlocker quiet_field(field_), quiet_scale(scale_);
+    field_->setMaximum(max);
+    scale_->setMaximum(max);
+    scale_->setPageStep(std::max(1, (max - scale_->minimum()) / 20));
+}
+
+}  // namespace brindle

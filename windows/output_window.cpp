@@ -1,0 +1,60 @@
+#include "windows/output_window.hpp"
+
+#include <algorithm>
+
+#include "drawing/text.hpp"
+
+namespace brindle {
+namespace {
+
+constexpr std::size_t most_waiting = std::size_t{1} << 20;
+constexpr int most_characters = 1 << 20;
+constexpr int longest_line = 2000;
+
+}  // namespace
+
+OutputWindow::OutputWindow() {
+    setReadOnly(true);
+    setUndoRedoEnabled(false);
+    setAccessibleName("Output window");
+    setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    setWordWrapMode(QTextOption::WrapAnywhere);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &OutputWindow::flush);
+}
+
+// A flood keeps its last part only: nobody could have read the rest.
+void OutputWindow::append_text(std::string_view bytes) {
+    waiting_ += bytes;
+    if (waiting_.size() > 2 * most_waiting) waiting_.erase(0, waiting_.size() - most_waiting);
+    if (!timer_.isActive()) timer_.start(waiting_.size() > 4096 ? 20 : 0);
+}
+
+void OutputWindow::flush() {
+    const std::size_t whole = waiting_.size() - unfinished_tail(waiting_);
+    if (whole == 0) return;
+    const QString text = to_qstring(std::string_view(waiting_).substr(0, whole));
+    waiting_.erase(0, whole);
+    QString shown;
+    shown.reserve(text.size());
+    for (const QChar c : text) {
+        if (c == QChar(0)) continue;
+        if (column_ >= longest_line && c != '\n' && !c.isLowSurrogate()) shown += '\n', column_ = 0;
+        shown += c;
+        column_ = c == '\n' ? 0 : column_ + 1;
+    }
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertText(shown);
+    if (const int over = document()->characterCount() - most_characters; over > 0) {
+        cursor.setPosition(0);
+        cursor.setPosition(over, QTextCursor::KeepAnchor);
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+        cursor.removeSelectedText();
+    }
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+}  // namespace brindle
