@@ -19,7 +19,8 @@ PAIRS = re.compile(r"\{" + STRING + r", (?:Theme|\d)")
 # Where messages are made that a person may meet.
 SPEAKERS = ["windows/*", "display/search", "edit/label_rules", "edit/bracketing",
             "corpus/reader", "corpus/saving", "corpus/lattices", "prolog/expansion", "prolog/session", "prolog/session_io"]
-UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory"}
+UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory",
+          "A workbench for treebanks annotated with meaning."}
 BUTTONS = re.compile(r"\{" + STRING + r",\s*[A-Z_a-z0-9]+\}")
 
 
