@@ -1,7 +1,5 @@
 #include "drawing/tree_picture.hpp"
 
-#include <QFontMetricsF>
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -112,7 +110,7 @@ void PartPainter::paint_texts(LabelTexts &texts, TextKind kind) {
         const LabelText &text = texts.text(label, kind);
         const QPointF at(placed->x - text.width / 2, baseline(*placed, kind));
         if (placed->node->selected()) painter_.setPen(colours_.selected_text);
-        painter_.drawText(at, text.text);
+        text.draw(painter_, at);
         if (placed->node->selected()) painter_.setPen(usual);
     }
 }
@@ -186,6 +184,7 @@ void TreePicture::paint(QPainter &painter, const QRectF &part, const TreeColours
     if (!layout_) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     PartPainter nodes(painter, colours, params_, texts_->heights());
     for_each_in(part, [&](const PlacedNode &placed) { nodes.add(*layout_, placed); });
     nodes.paint_branches();
