@@ -35,7 +35,10 @@ class InstalledFonts {
 };
 
 bool is_drawn(char32_t c) {
-    return QChar::isPrint(c) && !QChar::isSpace(c) && QChar::category(c) != QChar::Other_Format;
+    const bool variation_selector = (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF);
+    const auto category = QChar::category(c);
+    return !variation_selector && !QChar::isSpace(c) && category != QChar::Other_Control &&
+           category != QChar::Other_Format;
 }
 
 }  // namespace
