@@ -1,4 +1,4 @@
-# brindle-batch: the same core from a shell. It links no toolkit.
+# brindle-batch: the same core from a shell. It links no Qt.
 file(GLOB batch_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/app/batch/*.cpp)
 if(batch_sources)
   find_package(CLI11 REQUIRED)

@@ -1,7 +1,6 @@
 #include "drawing/fonts.hpp"
 
 #include <QFontDatabase>
-#include <QRawFont>
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,8 @@
 #include "drawing/label_texts.hpp"
 
 #include <QFontMetricsF>
+#include <QPaintEngine>
+#include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -15,7 +17,21 @@ int up(double pixels) {
     return static_cast<int>(std::ceil(pixels));
 }
 
+LabelText laid_out(const QString &text, const QFont &font) {
+    QTextLayout layout(text, font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    if (!line.isValid()) return {};
+    return {text, line.naturalTextWidth(), layout.glyphRuns(), line.ascent()};
+}
+
 }  // namespace
+
+void LabelText::draw(QPainter &painter, QPointF baseline) const {
+    if (painter.paintEngine()->type() != QPaintEngine::Raster) return painter.drawText(baseline, text);
+    for (const QGlyphRun &run : glyphs) painter.drawGlyphRun(baseline - QPointF(0, glyphs_baseline), run);
+}
 
 LabelTexts::LabelTexts(const TreeFonts &fonts) : fonts_{fonts.category, fonts.tag, fonts.word} {
     for (const QFont &font : fonts_) {
@@ -31,9 +47,7 @@ const LabelText &LabelTexts::text(const Label *label, TextKind kind) {
     const auto found = texts.find(label);
     if (found != texts.end()) return found->second;
     if (texts.size() >= most_kept) texts.clear();
-    const QString text = to_shown(label->view());
-    return texts.emplace(label, LabelText{text, QFontMetricsF(font(kind)).horizontalAdvance(text)})
-        .first->second;
+    return texts.emplace(label, laid_out(to_shown(label->view()), font(kind))).first->second;
 }
 
 CachedMeasure::Measure widest_measure(const TreeFonts &fonts) {

@@ -1,6 +1,9 @@
 #pragma once
 // The texts of labels as a picture draws them: converted and measured once for each label and font.
 #include <QFont>
+#include <QGlyphRun>
+#include <QList>
+#include <QPainter>
 #include <QString>
 
 #include <array>
@@ -28,9 +31,15 @@ struct TextHeights {
     int capitals = 0;  // of "H" itself
 };
 
+// A label in one font. Glyphs drawn again take half the time of a text drawn again.
 struct LabelText {
     QString text;
     double width = 0;
+    QList<QGlyphRun> glyphs;
+    double glyphs_baseline = 0;  // below the place they are drawn at
+
+    // With the label's font in the painter: as glyphs where pixels are painted, elsewhere as a text.
+    void draw(QPainter &painter, QPointF baseline) const;
 };
 
 class LabelTexts {

@@ -1,7 +1,5 @@
 #include "drawing/tree_picture.hpp"
 
-#include <QFontMetricsF>
-
 #include <algorithm>
 #include <cmath>
 #include <vector>
@@ -18,6 +16,9 @@ constexpr int highlight_margin = 3;
 constexpr int highlight_depth = 5;
 // A text whose capitals are lower than this many pixels of the device cannot be read.
 constexpr double least_text = 2;
+// What a line width of 0 stands for, and the least that a branch has in pixels of the device.
+constexpr double thinnest_line = 0.5;
+constexpr double least_line = 0.6;
 
 // Pixels of the device to one of the picture.
 double device_scale(const QPainter &painter) {
@@ -73,12 +74,13 @@ void PartPainter::add(const TreeLayout &layout, const PlacedNode &placed) {
 }
 
 void PartPainter::paint_branches() {
-    const double width = std::max<double>(params_.line_width, 0.5);
+    const double width = std::max<double>(params_.line_width, thinnest_line);
+    const double device_width = width * device_scale(painter_);
     QPen pen(colours_.branch, width);
     pen.setCapStyle(Qt::FlatCap);
-    if (width * device_scale(painter_) < 1) {
+    if (device_width < 1) {  // of a pixel: paler, but never gone
         pen.setCosmetic(true);
-        pen.setWidthF(1);
+        pen.setWidthF(std::max(device_width, least_line));
     }
     painter_.setPen(pen);
     painter_.drawLines(branches_.data(), static_cast<int>(branches_.size()));
@@ -112,7 +114,7 @@ void PartPainter::paint_texts(LabelTexts &texts, TextKind kind) {
         const LabelText &text = texts.text(label, kind);
         const QPointF at(placed->x - text.width / 2, baseline(*placed, kind));
         if (placed->node->selected()) painter_.setPen(colours_.selected_text);
-        painter_.drawText(at, text.text);
+        text.draw(painter_, at);
         if (placed->node->selected()) painter_.setPen(usual);
     }
 }
@@ -186,6 +188,7 @@ void TreePicture::paint(QPainter &painter, const QRectF &part, const TreeColours
     if (!layout_) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
+    painter.setLayoutDirection(Qt::LayoutDirectionAuto);
     PartPainter nodes(painter, colours, params_, texts_->heights());
     for_each_in(part, [&](const PlacedNode &placed) { nodes.add(*layout_, placed); });
     nodes.paint_branches();

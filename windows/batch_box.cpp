@@ -43,6 +43,7 @@ void BatchBox::add_range(int trees) {
     from_ = add_slider("From:", 1, trees, 1, slider_width);
     new_row();
     to_ = add_slider("To:    ", 1, trees, trees, slider_width);
+    from_->align_with(*to_);
     connect(from_, &NumberSlider::changed, this, &BatchBox::move_start);
     connect(to_, &NumberSlider::changed, this, &BatchBox::move_end);
     new_row();

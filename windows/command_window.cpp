@@ -10,6 +10,8 @@
 namespace brindle {
 namespace {
 
+constexpr int title_height = 30;  // what a window manager adds
+
 // Tab completes the name before it moves on.
 class FileField final : public QLineEdit {
   protected:
@@ -42,10 +44,14 @@ void CommandWindow::set_title(std::string_view title) {
 }
 
 void CommandWindow::show_at(QPoint screen_place) {
-    adjustSize();
     const QRect area = owner_.screen()->availableGeometry();
+    if (layout()->sizeHint().height() + title_height > area.height()) {  // large letters on a small screen
+        rows_->setSpacing(1);
+        rows_->setContentsMargins(8, 6, 8, 6);
+    }
+    adjustSize();
     move(std::clamp(screen_place.x(), area.left(), std::max(area.left(), area.right() - width())),
-         std::clamp(screen_place.y(), area.top(), std::max(area.top(), area.bottom() - height())));
+         std::clamp(screen_place.y(), area.top(), std::max(area.top(), area.bottom() - height() - title_height)));
     show();
     raise();
     activateWindow();

@@ -1,5 +1,7 @@
 #include "windows/number_slider.hpp"
 
+#include <algorithm>
+
 namespace brindle {
 
 NumberSlider::NumberSlider(const QString &label, int min, int max, int value, int scale_width)
@@ -44,6 +46,16 @@ QString NumberSlider::label() const {
 }
 QRect NumberSlider::field_box() const {
     return field_->geometry();
+}
+
+void NumberSlider::align_with(NumberSlider &other) {
+    const auto align = [](QWidget &a, QWidget &b) {
+        const int width = std::max(a.sizeHint().width(), b.sizeHint().width());
+        a.setMinimumWidth(width);
+        b.setMinimumWidth(width);
+    };
+    align(*label_, *other.label_);
+    align(*field_, *other.field_);
 }
 
 void NumberSlider::set_value(int value) {

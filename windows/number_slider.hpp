@@ -18,6 +18,8 @@ class NumberSlider final : public QWidget {
     int maximum() const;
     QString label() const;
     QRect field_box() const;  // in this widget
+    // Label and field as wide as the other's, so that they stand in columns.
+    void align_with(NumberSlider &other);
     // None of these reports a change; the value stays within the range.
     void set_value(int value);
     void set_minimum(int min);

@@ -2,6 +2,10 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
+#include "drawing/characters.hpp"
+#include "drawing/text.hpp"
 #include "prolog/child_command.hpp"
 #include "windows/command_window.hpp"
 #include "windows/main_window.hpp"
@@ -32,8 +36,24 @@ bool Workbench::start_prolog() {
     return prolog_->start(default_child(corpus_.name));
 }
 
+// For the footer: which characters of the corpus would be boxes; "": none.
+std::string Workbench::tell_of_missing_fonts() const {
+    CharacterSet set;
+    const Units &units = corpus_.units;
+    for (std::uint32_t n = 1; n < units.end(); ++n)
+        for (const Label *label : {units[n].syn, units[n].sem, units[n].lex})
+            if (label) set.add(label->view());
+    const std::u32string missing = characters_without_font(set, QApplication::font());
+    if (missing.empty()) return {};
+    constexpr std::size_t most = 20;
+    const QString shown = QString::fromUcs4(missing.data(), static_cast<qsizetype>(std::min(missing.size(), most)));
+    return fmt::format("No installed font has {} characters of this corpus: {}{}", missing.size(), to_locale(shown),
+                       missing.size() > most ? "..." : "");
+}
+
 TreeWindow &Workbench::open_tree_window() {
     auto *window = new TreeWindow(*this);
+    if (const std::string text = tell_of_missing_fonts(); !text.empty()) window->set_footer(text);
     windows_.push_back(window);
     window->show();
     window->show_tree(0);

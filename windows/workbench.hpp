@@ -65,6 +65,7 @@ class Workbench final : private ChangeListener {
 
   private:
     void changed(const Corpus &corpus, const Change &change) override;
+    std::string tell_of_missing_fonts() const;
 
     Corpus &corpus_;
     Settings settings_;

@@ -71,7 +71,7 @@ def check_options(program, page):
 def check_environment(source, pages):
     """Every variable of ours that the code reads has its paragraph."""
     read = set()
-    for folder in ("app", "prolog", "toolkit", "gui", "commands", "model"):
+    for folder in ("app", "base", "prolog", "drawing", "windows"):
         for file in (source / folder).rglob("*.cpp"):
             read |= set(re.findall(r'(?:getenv|variable)\("(BRINDLE_[A-Z_]+)"', file.read_text(encoding="utf-8")))
     assert "BRINDLE_PROLOG" in read

@@ -10,15 +10,17 @@ TOP = Path(__file__).resolve().parents[2]
 PAGES = [TOP / "README.md", TOP / "examples" / "README.md", *sorted((TOP / "docs").rglob("*.md"))]
 LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 STRING = r'"((?:[^"\\]|\\.)*)"'
-# What is pressed or chosen: items of panels, entries of the tables of buttons and menus.
-ITEM = re.compile(r"add_(?:button|check_box|choice|slider|text_field|numeric_field|command_frame)\(\s*" + STRING)
-COMMAND = re.compile(r"\{" + STRING + r",\s*(?:&Commands::|nullptr)")
+# What is pressed or chosen: items of windows, entries of menus, the lists of choices and tables.
+ITEM = re.compile(r"(?:add_(?:button|check_box|choice|slider|field|file_field|action|command|size)|addAction|addMenu|NumberSlider"
+                  r"|QPushButton|QCheckBox|CommandWindow)\((?:owner, |\*\w+, )?\s*" + STRING)
 CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
+PAIRS = re.compile(r"\{" + STRING + r", (?:Theme|\d)")
 # The answers of notices.
 # Where messages are made that a person may meet.
-SPEAKERS = ["commands/*", "gui/events", "gui/copy_mode", "display/search", "edit/label_rules", "edit/bracketing",
+SPEAKERS = ["windows/*", "display/search", "edit/label_rules", "edit/bracketing",
             "corpus/reader", "corpus/saving", "corpus/lattices", "prolog/expansion", "prolog/session", "prolog/session_io"]
-UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory"}
+UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory",
+          "A workbench for treebanks annotated with meaning."}
 BUTTONS = re.compile(r"\{" + STRING + r",\s*[A-Z_a-z0-9]+\}")
 
 
@@ -67,17 +69,16 @@ def plain(label):
 
 
 def labels():
-    """Labels in gui/ and the buttons of notices in commands/, with the files they stand in."""
-    for path in sorted((TOP / "gui").glob("*.cpp")):
+    """Labels of the windows, and the buttons of notices, with the files they stand in."""
+    for path in sorted((TOP / "windows").glob("*.cpp")):
         code = text_of(path)
-        found = ITEM.findall(code) + COMMAND.findall(code)
+        found = [label.split("%")[0] for label in ITEM.findall(code)] + PAIRS.findall(code)
         found += [label for choices, *_ in CHOICES.findall(code) for label in re.findall(STRING, choices)]
         for tables in re.findall(r"constexpr const char \*\w+\[\] = \{(.*?)\};", code, re.S):
             found += re.findall(STRING, tables)
-        yield from ((path, label) for label in found)
-    for path in sorted((TOP / "commands").glob("*.cpp")):
-        for spec in re.findall(r"buttons = \{(.*?)\};|ask_at\((.*?)\);", text_of(path), re.S):
-            yield from ((path, label) for label in BUTTONS.findall("".join(spec)))
+        for spec in re.findall(r"buttons = \{(.*?)\}[,)]|ask_at\((.*?)\);", code, re.S):
+            found += BUTTONS.findall("".join(spec))
+        yield from ((path, re.sub("&(?=[A-Za-z])", "", label)) for label in found)
 
 
 def unnamed_labels():
@@ -91,6 +92,8 @@ def unnamed_labels():
 def messages(path):
     """The longest fixed piece of each message in a file that has at least two words."""
     code = re.sub(r"^\s*(//|#).*$", "", text_of(path), flags=re.M)
+    if path.parent.name == "windows":  # not all that stands in windows: what notices and footers say
+        code = "\n".join(re.findall(r"(?:\btell\w*|\bask\w*|set_footer)\(.*?;\n", code, re.S))
     for message in re.findall(STRING, re.sub(r'"\s*\n\s*"', "", code)):
         message = re.sub(r"\\x1b|\\033|\\[nt]", " ", message).replace('\\"', '"')
         pieces = re.split(r"%[-.\d]*\w|\{[^}]*\}|\n", message)
@@ -112,7 +115,7 @@ def untold_messages():
 
 def unnamed_things():
     pages = " ".join(text_of(page) for page in PAGES)
-    code = " ".join(text_of(path) for folder in ("model", "prolog", "toolkit") for path in (TOP / folder).glob("*.cpp"))
+    code = " ".join(text_of(path) for folder in ("base", "prolog", "windows", "app") for path in (TOP / folder).glob("*.cpp"))
     for name in sorted(set(re.findall(r'"(BRINDLE_[A-Z_]+)"', code))):
         if f"`{name}`" not in pages and not name.startswith("BRINDLE_UI_SYNC"):
             yield f"no page names the variable {name}"
@@ -128,7 +131,7 @@ def unmapped_files():
     for cells in re.findall(r"^\| (?:`(\w+)/`)? *\| (`.*?) \|", text_of(TOP / "docs" / "map.md"), re.M):
         folder = cells[0] or folder
         named.setdefault(folder, set()).update(name.split(".")[0] for name in re.findall(r"`([\w.]+)`", cells[1]))
-    for folder in ("base", "model", "stats", "corpus", "edit", "propose", "prolog", "display"):
+    for folder in ("base", "model", "stats", "corpus", "edit", "propose", "prolog", "display", "drawing", "windows"):
         there = {path.stem for path in (TOP / folder).iterdir() if path.suffix in (".hpp", ".cpp", ".pl")}
         for name in sorted(named.get(folder, set()) - there):
             yield f"docs/map.md: {folder}/{name} is not there"

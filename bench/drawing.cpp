@@ -1,0 +1,183 @@
+// Google Benchmark of trees on the screen: a made tree of 1,000 nodes at its size, one of 100,000 nodes at
+// its size and as a whole, turning to trees of 1,000 nodes, and looking for characters that no font has. What
+// is painted is a picture in memory of 1200 x 900 pixels.
+//
+//     bench-drawing [Google Benchmark's options]
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+#include <QGuiApplication>
+#include <QImage>
+#include <QPalette>
+
+#include <clocale>
+#include <memory>
+#include <random>
+#include <string>
+
+#include "base/text.hpp"
+#include "corpus/reader.hpp"
+#include "drawing/characters.hpp"
+#include "drawing/fonts.hpp"
+#include "drawing/tree_picture.hpp"
+#include "model/corpus.hpp"
+#include "model/traversal.hpp"
+
+namespace {
+
+using namespace brindle;
+
+constexpr QSize screen{1200, 900};
+
+// A bracketing of that many nodes with one to four daughters at each: some dozen categories, every third node
+// tagged, words of five to twelve letters of which few are alike.
+class MadeTrees {
+  public:
+    std::string tree(int nodes) {
+        std::string text = "( ";
+        append(text, nodes);
+        return text + " )\n";
+    }
+
+    // One that is about as high as wide: 25 lines of daughters downward.
+    std::string dense_tree(int nodes) {
+        std::string text = "( (C";
+        for (int line = 0; line < 25; ++line) {
+            for (int n = nodes / 25; n > 1; --n) text += fmt::format(" (C{}|tag{}", below(40), below(300));
+            text += " (C|tag/" + word() + ')' + std::string(static_cast<std::size_t>(nodes / 25 - 1), ')');
+        }
+        return text + ") )\n";
+    }
+
+  private:
+    int below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+    std::string word() {
+        std::string word;
+        for (int letters = 5 + below(8); letters > 0; --letters) word += static_cast<char>('a' + below(26));
+        return word;
+    }
+    void append(std::string &text, int nodes) {
+        text += fmt::format("(C{}", below(40));
+        if (below(3) == 0) text += fmt::format("|tag{}(d1)", below(300));
+        if (nodes == 1) text += '/' + word();
+        for (int left = nodes - 1; left > 0;) {
+            const int share = left <= 4 ? 1 : left / (1 + below(4));
+            text += ' ';
+            append(text, share);
+            left -= share;
+        }
+        text += ')';
+    }
+
+    std::mt19937 random_{1};
+};
+
+struct Shown {
+    explicit Shown(std::string_view text) {
+        read_trees(corpus, text);
+        picture.lay_out(corpus.tree(0).root, params, true);
+    }
+    // Paints what a window shows of the tree from the corner.
+    void paint(double zoom) {
+        QPainter painter(&image);
+        painter.fillRect(image.rect(), colours.ground);
+        painter.scale(zoom, zoom);
+        picture.paint(painter, QRectF(QPointF(), QSizeF(screen) / zoom), colours, true);
+    }
+    double fitting_zoom() const {
+        return std::min(screen.width() / picture.size().width(), screen.height() / picture.size().height());
+    }
+    int nodes_in_view(double zoom) const {
+        int nodes = 0;
+        picture.for_each_in(QRectF(QPointF(), QSizeF(screen) / zoom), [&](const PlacedNode &) { ++nodes; });
+        return nodes;
+    }
+
+    Corpus corpus;
+    LayoutParams params;
+    TreePicture picture{find_tree_fonts(start_font, LayoutParams().font_scale).value()};
+    TreeColours colours = colours_for(QPalette());
+    QImage image{screen, QImage::Format_RGB32};
+};
+
+Shown &made_tree(int nodes) {
+    static Shown small(MadeTrees().tree(1000));
+    static Shown large(MadeTrees().tree(100'000));
+    return nodes == 1000 ? small : large;
+}
+
+void paint(benchmark::State &state, int nodes, double zoom) {
+    Shown &tree = made_tree(nodes);
+    if (zoom == 0) zoom = tree.fitting_zoom();
+    for (auto _ : state) tree.paint(zoom);
+    state.counters["nodes_in_view"] = tree.nodes_in_view(zoom);
+    state.counters["zoom"] = zoom;
+}
+BENCHMARK_CAPTURE(paint, of_1000_as_they_are, 1000, 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, of_1000_all_in_view, 1000, 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, of_100000_as_they_are, 100'000, 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, of_100000_at_a_tenth, 100'000, 0.1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, of_100000_all_in_view, 100'000, 0)->Unit(benchmark::kMillisecond);
+
+// A tree of 1,000 nodes of which a window shows all, texts as well.
+void paint_dense(benchmark::State &state) {
+    Shown tree(MadeTrees().dense_tree(1000));
+    const double zoom = tree.fitting_zoom();
+    for (auto _ : state) tree.paint(zoom);
+    state.counters["nodes_in_view"] = tree.nodes_in_view(zoom);
+    state.counters["zoom"] = zoom;
+}
+BENCHMARK(paint_dense)->Unit(benchmark::kMillisecond);
+
+// To each of 100 trees of 1,000 nodes, all of whose words are new: layout, measuring and painting.
+void page_turns(benchmark::State &state) {
+    MadeTrees trees;
+    std::string text;
+    for (int t = 0; t < 100; ++t) text += trees.tree(1000);
+    Shown shown(text);
+    std::vector<double> times;
+    for (auto _ : state) {
+        state.PauseTiming();
+        shown.picture.set_fonts(shown.picture.fonts());
+        state.ResumeTiming();
+        for (int t = 0; t < shown.corpus.amount(); ++t) {
+            const auto start = std::chrono::steady_clock::now();
+            shown.picture.lay_out(shown.corpus.tree(t).root, shown.params, true);
+            shown.paint(1);
+            const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - start;
+            times.push_back(took.count());
+        }
+    }
+    std::ranges::sort(times);
+    state.counters["median_ms"] = times[times.size() / 2];
+    state.counters["worst_ms"] = times.back();
+}
+BENCHMARK(page_turns)->Unit(benchmark::kMillisecond);
+
+// The distinct characters of 100,000 labels, 2,000 of them Chinese and one that no font has.
+void look_for_missing_characters(benchmark::State &state) {
+    std::vector<std::string> labels;
+    for (int i = 0; i < 100'000; ++i) {
+        const char16_t character = static_cast<char16_t>(0x4e00 + i % 2000);
+        labels.push_back(fmt::format("{}x{}", QString(QChar(character)).toStdString(), i));
+    }
+    labels.emplace_back("\xEE\x80\x80");
+    const QFont usual = find_tree_fonts(start_font, 2).value().category;
+    for (auto _ : state) {
+        CharacterSet set;
+        for (const std::string &label : labels) set.add(label);
+        benchmark::DoNotOptimize(characters_without_font(set, usual));
+    }
+}
+BENCHMARK(look_for_missing_characters)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+int main(int argc, char **argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    benchmark::Initialize(&argc, argv);
+    const QGuiApplication application(argc, argv);
+    set_text_locale();
+    std::setlocale(LC_NUMERIC, "C");
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}

@@ -1,7 +1,0 @@
-#include "gui/commands_table.hpp"
-
-namespace brindle {
-
-constinit Commands commands;
-
-}  // namespace brindle
