@@ -1,6 +1,7 @@
 // The workbench: reads a corpus and opens its main window.
 #include <clocale>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -72,28 +73,19 @@ void read_everything(Corpus &corpus, int argc, char **argv) {
     corpus.name = argv[argc - 1];
 }
 
+// What Qt has to say beside errors is for developers: that a font lacks a script, that the locale is not its own.
+void tell_errors_only(QtMsgType type, const QMessageLogContext &, const QString &text) {
+    if (type == QtCriticalMsg || type == QtFatalMsg) fmt::print(stderr, "{}\n", text.toStdString());
+}
+
 // The application takes the locale of the environment; the program's own choice is to stay.
-class KeepLocale {
-  public:
-    KeepLocale() : characters_(std::setlocale(LC_CTYPE, nullptr)) {
-        before_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    }
-    ~KeepLocale() {
-        qInstallMessageHandler(before_);
-        std::setlocale(LC_CTYPE, characters_.c_str());
-        std::setlocale(LC_NUMERIC, "C");
-    }
-    KeepLocale(const KeepLocale &) = delete;
-    KeepLocale &operator=(const KeepLocale &) = delete;
-
-  private:
-    std::string characters_;
-    QtMessageHandler before_;  // it would tell users of other locales that the application has left them
-};
-
 std::unique_ptr<QApplication> start_application(int &argc, char **argv) {
-    const KeepLocale keep;
-    return std::make_unique<QApplication>(argc, argv);
+    const std::string characters = std::setlocale(LC_CTYPE, nullptr);
+    if (!std::getenv("QT_LOGGING_RULES")) qInstallMessageHandler(tell_errors_only);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    std::setlocale(LC_CTYPE, characters.c_str());
+    std::setlocale(LC_NUMERIC, "C");
+    return application;
 }
 
 // Shows the main window as the options say. A place is given as WxH+X+Y, each part may be missing.

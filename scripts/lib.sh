@@ -7,11 +7,11 @@ die() { say "$*"; exit 1; }
 # Prints the comment at the head of the script and ends it.
 show_help() { sed -n '2,${/^#/!q;s/^# \{0,1\}//p}' "$1"; exit 0; }
 
-build_packages=(g++ cmake ninja-build pkg-config libfltk1.3-dev libxft-dev libx11-dev libfontconfig-dev libfmt-dev
-    robin-map-dev libcli11-dev)
-run_packages=(swi-prolog-nox fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-liberation)
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libxcb1-dev libfmt-dev robin-map-dev libcli11-dev)
+run_packages=(swi-prolog-nox fontconfig fonts-dejavu-core fonts-dejavu-extra fonts-liberation fonts-wqy-microhei
+    fonts-lohit-deva)
 virtual_packages=(xvfb openbox xdotool imagemagick x11-utils)
-test_packages=(libgtest-dev libxtst-dev xvfb openbox python3 procps)
+test_packages=(libgtest-dev libx11-dev libxtst-dev xvfb openbox python3 procps)
 bench_packages=(libbenchmark-dev)
 fuzz_packages=(clang libclang-rt-dev)
 package_packages=(dpkg-dev file)

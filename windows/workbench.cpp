@@ -45,10 +45,11 @@ std::string Workbench::tell_of_missing_fonts() const {
             if (label) set.add(label->view());
     const std::u32string missing = characters_without_font(set, QApplication::font());
     if (missing.empty()) return {};
-    constexpr std::size_t most = 20;
-    const QString shown = QString::fromUcs4(missing.data(), static_cast<qsizetype>(std::min(missing.size(), most)));
-    return fmt::format("No installed font has {} characters of this corpus: {}{}", missing.size(), to_locale(shown),
-                       missing.size() > most ? "..." : "");
+    constexpr std::size_t most = 8;
+    std::string shown;
+    for (const char32_t c : missing.substr(0, most)) shown += fmt::format(" U+{:04X}", static_cast<std::uint32_t>(c));
+    return fmt::format("No installed font has {} characters of this corpus:{}{}", missing.size(), shown,
+                       missing.size() > most ? " ..." : "");
 }
 
 TreeWindow &Workbench::open_tree_window() {
