@@ -9,6 +9,7 @@
 
 #include <fmt/printf.h>
 
+#include "app/x_options.hpp"
 #include "base/error.hpp"
 #include "base/text.hpp"
 #include "corpus/lattices.hpp"
@@ -18,7 +19,6 @@
 #include "windows/main_window.hpp"
 #include "windows/ui_map.hpp"
 #include "windows/workbench.hpp"
-#include "windows/x_options.hpp"
 
 namespace {
 
@@ -122,7 +122,7 @@ int main(int argc, char **argv) {
     QGuiApplication::setDesktopFileName("io.brindle.Workbench");
     QApplication::setQuitOnLastWindowClosed(false);
     Workbench workbench(corpus);
-    set_up_appearance(options, workbench.settings());
+    set_up_appearance({options.foreground, options.background, options.font, options.reverse}, workbench.settings());
     start_ui_map();
     workbench.start_prolog();
     show_main_window(workbench.main_window(), options);

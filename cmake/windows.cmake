@@ -16,5 +16,5 @@ set_target_properties(brindle_windows PROPERTIES AUTOMOC ON)
 target_precompile_headers(brindle_windows PRIVATE <QtWidgets>)
 target_link_libraries(brindle_windows PUBLIC brindle_drawing Qt6::Widgets PRIVATE PkgConfig::xcb)
 
-add_executable(brindle app/brindle.cpp)
-target_link_libraries(brindle PRIVATE brindle_windows)
+add_executable(brindle app/brindle.cpp app/x_options.cpp)
+target_link_libraries(brindle PRIVATE brindle_windows PkgConfig::xcb)

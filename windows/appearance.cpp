@@ -5,7 +5,6 @@
 #include "drawing/fonts.hpp"
 #include "drawing/text.hpp"
 #include "windows/settings.hpp"
-#include "windows/x_options.hpp"
 
 namespace brindle {
 namespace {
@@ -57,11 +56,11 @@ QPalette palette_of(Theme theme) {
 
 }  // namespace
 
-void set_up_appearance(const XOptions &options, const Settings &settings) {
+void set_up_appearance(const LookOptions &options, const Settings &settings) {
     QApplication::setStyle("Fusion");
     NamedColours &named = named_colours();
-    named.text = QColor(to_qstring(options.foreground));
-    named.ground = QColor(to_qstring(options.background));
+    named.text = QColor(to_qstring(options.text));
+    named.ground = QColor(to_qstring(options.ground));
     if (options.reverse) {
         const QPalette usual = palette_of(Theme::platform);
         std::swap(named.text, named.ground);

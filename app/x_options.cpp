@@ -1,4 +1,4 @@
-#include "windows/x_options.hpp"
+#include "app/x_options.hpp"
 
 #include <xcb/xcb.h>
 
