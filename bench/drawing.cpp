@@ -1,18 +1,21 @@
-// Google Benchmark of trees on the screen: a made tree of 1,000 nodes at its size, one of 100,000 nodes at
-// its size and as a whole, turning to trees of 1,000 nodes, and looking for characters that no font has. What
-// is painted is a picture in memory of 1200 x 900 pixels.
+// Google Benchmark of trees on the screen: made trees of 1,000 and 100,000 nodes at their size and fitted,
+// turning to trees of 1,000 nodes, and looking for characters that no font has. What is painted is a picture
+// in memory of 1200 x 900 pixels, ground and all.
 //
 //     bench-drawing [Google Benchmark's options]
-#include <benchmark/benchmark.h>
-#include <fmt/format.h>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPalette>
 
+#include <algorithm>
+#include <chrono>
 #include <clocale>
-#include <memory>
 #include <random>
 #include <string>
+#include <vector>
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
 
 #include "base/text.hpp"
 #include "corpus/reader.hpp"
@@ -20,7 +23,6 @@
 #include "drawing/fonts.hpp"
 #include "drawing/tree_picture.hpp"
 #include "model/corpus.hpp"
-#include "model/traversal.hpp"
 
 namespace {
 
@@ -99,46 +101,38 @@ struct Shown {
     QImage image{screen, QImage::Format_RGB32};
 };
 
-Shown &made_tree(int nodes) {
-    static Shown small(MadeTrees().tree(1000));
-    static Shown large(MadeTrees().tree(100'000));
-    return nodes == 1000 ? small : large;
+enum class Made { wide_1000, dense_1000, wide_100000 };
+
+Shown &made(Made which) {
+    static Shown wide_1000(MadeTrees().tree(1000));
+    static Shown dense_1000(MadeTrees().dense_tree(1000));
+    static Shown wide_100000(MadeTrees().tree(100'000));
+    return which == Made::wide_1000 ? wide_1000 : which == Made::dense_1000 ? dense_1000 : wide_100000;
 }
 
-void paint(benchmark::State &state, int nodes, double zoom) {
-    Shown &tree = made_tree(nodes);
+// Zoom 0: as much as makes the whole tree fit.
+void paint(benchmark::State &state, Made which, double zoom) {
+    Shown &tree = made(which);
     if (zoom == 0) zoom = tree.fitting_zoom();
     for (auto _ : state) tree.paint(zoom);
     state.counters["nodes_in_view"] = tree.nodes_in_view(zoom);
     state.counters["zoom"] = zoom;
 }
-BENCHMARK_CAPTURE(paint, of_1000_as_they_are, 1000, 1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(paint, of_1000_all_in_view, 1000, 0)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(paint, of_100000_as_they_are, 100'000, 1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(paint, of_100000_at_a_tenth, 100'000, 0.1)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(paint, of_100000_all_in_view, 100'000, 0)->Unit(benchmark::kMillisecond);
-
-// A tree of 1,000 nodes of which a window shows all, texts as well.
-void paint_dense(benchmark::State &state) {
-    Shown tree(MadeTrees().dense_tree(1000));
-    const double zoom = tree.fitting_zoom();
-    for (auto _ : state) tree.paint(zoom);
-    state.counters["nodes_in_view"] = tree.nodes_in_view(zoom);
-    state.counters["zoom"] = zoom;
-}
-BENCHMARK(paint_dense)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, dense_1000, Made::dense_1000, 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, dense_1000_fitted, Made::dense_1000, 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, wide_1000_fitted, Made::wide_1000, 0)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, wide_100000, Made::wide_100000, 1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(paint, wide_100000_fitted, Made::wide_100000, 0)->Unit(benchmark::kMillisecond);
 
 // To each of 100 trees of 1,000 nodes, all of whose words are new: layout, measuring and painting.
-void page_turns(benchmark::State &state) {
+void page_turns(benchmark::State &state, std::string (MadeTrees::*make)(int)) {
     MadeTrees trees;
     std::string text;
-    for (int t = 0; t < 100; ++t) text += trees.tree(1000);
+    for (int t = 0; t < 100; ++t) text += (trees.*make)(1000);
     Shown shown(text);
     std::vector<double> times;
     for (auto _ : state) {
-        state.PauseTiming();
-        shown.picture.set_fonts(shown.picture.fonts());
-        state.ResumeTiming();
+        shown.picture.set_fonts(shown.picture.fonts());  // nothing is measured yet
         for (int t = 0; t < shown.corpus.amount(); ++t) {
             const auto start = std::chrono::steady_clock::now();
             shown.picture.lay_out(shown.corpus.tree(t).root, shown.params, true);
@@ -151,7 +145,8 @@ void page_turns(benchmark::State &state) {
     state.counters["median_ms"] = times[times.size() / 2];
     state.counters["worst_ms"] = times.back();
 }
-BENCHMARK(page_turns)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(page_turns, wide, &MadeTrees::tree)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(page_turns, dense, &MadeTrees::dense_tree)->Unit(benchmark::kMillisecond);
 
 // The distinct characters of 100,000 labels, 2,000 of them Chinese and one that no font has.
 void look_for_missing_characters(benchmark::State &state) {

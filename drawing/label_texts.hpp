@@ -52,7 +52,7 @@ class LabelTexts {
     const LabelText &text(const Label *label, TextKind kind);
 
   private:
-    static constexpr std::size_t most_kept = 50'000;
+    static constexpr std::size_t most_kept = 20'000;
 
     std::array<QFont, nr_of_text_kinds> fonts_;
     std::array<tsl::robin_map<const Label *, LabelText>, nr_of_text_kinds> texts_;

@@ -83,7 +83,9 @@ TEST(colours, every_text_can_be_read) {
         EXPECT_GE(contrast(c.selected_text, c.selected_ground), least_contrast) << base;
         EXPECT_GE(contrast(c.branch, c.ground), 3) << base;
     }
-    EXPECT_NE(colours_on_paper().tag, colours_on_paper().word);
+    for (const TreeColours &c : {colours_on_paper(), colours_for(palette("#ffffff", "#000000")),
+                                 colours_for(palette("#1e1e1e", "#e6e6e6"))})
+        EXPECT_TRUE(c.category != c.tag && c.tag != c.word && c.word != c.category);
     EXPECT_EQ(colours_for(palette("#000080", "#ffff00")).tag, QColor("#ffff00"));
 }
 
