@@ -28,6 +28,7 @@ SyntaxEditor::SyntaxEditor(TreeWindow &owner)
     const auto add = [&](const char *label, std::function<void()> pressed) {
         auto *button = new QPushButton(label);
         button->setAutoDefault(false);
+        button->setFocusPolicy(Qt::TabFocus);  // the text keeps the keyboard
         connect(button, &QPushButton::clicked, this, std::move(pressed));
         strip->addWidget(button);
     };

@@ -112,7 +112,7 @@ bool Workbench::quit() {
     for (TreeWindow *window : windows_) window->remember();
     main_window_->remember();
     prolog_->quit();
-    QCoreApplication::quit();
+    QCoreApplication::exit();  // quit() would ask each window, and those close by themselves
     return true;
 }
 

@@ -49,6 +49,12 @@ std::string make_directory() {
     return name;
 }
 
+// Several windows find room on the screen side by side when a person has made them so large before.
+void remember_sizes(const std::string &state) {
+    std::filesystem::create_directories(state + "/brindle");
+    std::ofstream(state + "/brindle/windows.ini") << "[size]\ntree=@Size(525 560)\n";
+}
+
 }  // namespace
 
 std::string many_trees(int copies) {
@@ -81,8 +87,9 @@ Workbench::Workbench(const std::string &corpus, const std::string &name, std::ve
     command.push_back(name);
     namespace fs = std::filesystem;
     if (!companion.empty()) fs::copy_file(companion, path(fs::path(companion).filename()));
-    const std::vector<std::string> environment{"LC_ALL=C.UTF-8", "BRINDLE_SCALE=1",
-                                               "BRINDLE_PROLOG=" + prolog};
+    remember_sizes(path(".state"));
+    const std::vector<std::string> environment{
+        "LC_ALL=C.UTF-8", "BRINDLE_SCALE=1", "BRINDLE_PROLOG=" + prolog, "XDG_STATE_HOME=" + path(".state")};
     const bool iconic = std::ranges::count(options, "-iconic") > 0;
     gui_ = std::make_unique<Gui>(command, GuiOptions{true, environment, directory_, iconic});
 }
