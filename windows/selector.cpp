@@ -1,20 +1,16 @@
 #include "windows/selector.hpp"
 
-#include <tsl/robin_set.h>
-
+#include "display/offered_tags.hpp"
 #include "drawing/text.hpp"
 #include "edit/change.hpp"
-#include "stats/statistics.hpp"
 #include "windows/search_box.hpp"
 #include "windows/tree_window.hpp"
 
 namespace brindle {
 namespace {
 
-constexpr std::string_view unlabeled = "(unlabeled)";
-
-std::string row_of(const Label *tag) {
-    return std::string(tag ? tag->view() : unlabeled);
+std::string_view row_of(const Label *tag) {
+    return tag ? tag->view() : "(unlabeled)";
 }
 
 }  // namespace
@@ -32,6 +28,7 @@ Selector::Selector(TreeWindow &owner, Kind kind)
     list_->setMinimumWidth(300);
     list_->setMinimumHeight(6 * list_->fontMetrics().lineSpacing() + 12);
     list_->setAccessibleName("Annotations");
+    list_->installEventFilter(this);
     connect(list_, &QListWidget::itemDoubleClicked, this, [this] { take_tag(); });
     add_widget(list_);
     new_row();
@@ -40,33 +37,13 @@ Selector::Selector(TreeWindow &owner, Kind kind)
     add_cancel();
 }
 
-std::vector<std::string> Selector::tags_of_category() const {
-    std::vector<std::string> tags;
-    Statistics &statistics = *corpus().statistics;
-    const RankedList &pairs = statistics.category_entry(node_->unit())->pairs;
-    for (const Unit *u = statistics.first_of(pairs); u; u = statistics.next_of_owner(u))
-        if (u->checked_count > 0) tags.push_back(row_of(u->sem));
-    return tags;
-}
-
-// Each once, at its first place.
-std::vector<std::string> Selector::tags_of_word() const {
-    std::vector<std::string> tags;
-    tsl::robin_set<const Label *> seen;
-    Statistics &statistics = *corpus().statistics;
-    const RankedList &units = statistics.word_entry(node_->unit())->units;
-    for (const Unit *u = statistics.first_of(units); u; u = statistics.next_of_owner(u))
-        if (u->checked_count > 0 && seen.insert(u->sem).second) tags.push_back(row_of(u->sem));
-    return tags;
-}
-
 bool Selector::open(Node &node) {
     hide();
     node_ = &node;
-    tags_ = kind_ == Kind::word ? tags_of_word() : tags_of_category();
+    tags_ = kind_ == Kind::word ? tags_of_word(corpus(), node) : tags_of_category(corpus(), node);
     list_->clear();
     QStringList rows;
-    for (const std::string &tag : tags_) rows << to_qstring(tag);
+    for (const Label *tag : tags_) rows << to_qstring(row_of(tag));
     list_->addItems(rows);
     if (tags_.empty()) return false;
     list_->setCurrentRow(0);
@@ -77,23 +54,22 @@ bool Selector::open(Node &node) {
 }
 
 // "8" and "2" move the row as the arrows do; the list would take them for the beginning of a row.
-void Selector::keyPressEvent(QKeyEvent *event) {
-    const int step = event->key() == Qt::Key_8 || event->key() == Qt::Key_Up     ? -1
-                     : event->key() == Qt::Key_2 || event->key() == Qt::Key_Down ? 1
-                                                                                : 0;
-    if (step == 0) return CommandWindow::keyPressEvent(event);
-    const int row = list_->currentRow();
-    if (row >= 0 && row + step >= 0 && row + step < list_->count()) list_->setCurrentRow(row + step);
+bool Selector::eventFilter(QObject *object, QEvent *event) {
+    if (event->type() != QEvent::KeyPress) return CommandWindow::eventFilter(object, event);
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    const int row = list_->currentRow() + (key == Qt::Key_8 ? -1 : key == Qt::Key_2 ? 1 : 0);
+    if (row == list_->currentRow()) return false;
+    if (row >= 0 && row < list_->count()) list_->setCurrentRow(row);
+    return true;
 }
 
 void Selector::take_tag() {
     hide();
     if (!node_) return;
     const auto chosen = list_->selectedItems();
-    const std::string tag =
-        chosen.isEmpty() ? std::string() : tags_[static_cast<std::size_t>(list_->row(chosen.front()))];
+    const Label *tag = chosen.isEmpty() ? nullptr : tags_[static_cast<std::size_t>(list_->row(chosen.front()))];
     if (window_in_hand().tree_number() != node_->tree()) window_in_hand().show_tree(node_->tree());
-    set_tag(corpus(), node_, tag == unlabeled ? std::string_view() : std::string_view(tag));
+    set_tag(corpus(), node_, text_of(tag));
 }
 
 // "Where?": the search box with what the row says.
@@ -102,7 +78,7 @@ void Selector::search_for_it() {
     const bool word = kind_ == Kind::word;
     window_in_hand().search_box->open_for(word ? std::string_view() : node_->syn()->view(),
                                           word ? text_of(node_->lex()) : std::string_view(),
-                                          tags_[static_cast<std::size_t>(std::max(list_->currentRow(), 0))],
+                                          row_of(tags_[static_cast<std::size_t>(std::max(list_->currentRow(), 0))]),
                                           *where_);
 }
 

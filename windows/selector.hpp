@@ -6,6 +6,8 @@
 
 namespace brindle {
 
+struct Label;
+
 class Selector final : public CommandWindow {
   public:
     enum class Kind { category, word };
@@ -18,17 +20,15 @@ class Selector final : public CommandWindow {
     Node *node() const override { return node_; }
 
   protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *object, QEvent *event) override;
 
   private:
-    std::vector<std::string> tags_of_category() const;
-    std::vector<std::string> tags_of_word() const;
     void take_tag();
     void search_for_it();
 
     Kind kind_;
     Node *node_ = nullptr;
-    std::vector<std::string> tags_;  // of the rows
+    std::vector<const Label *> tags_;  // of the rows; null: none
     QListWidget *list_;
     QPushButton *where_;
 };
