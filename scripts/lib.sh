@@ -31,16 +31,50 @@ install_missing() {
     say "Installing: ${missing[*]}"
     mkdir -p "$top/build"
     local log=$top/build/install.log
-    { "${as_root[@]}" apt-get update && DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y \
-        --no-install-recommends "${missing[@]}"; } >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
+    "${as_root[@]}" apt-get update >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "No list of packages; see $log"; }
+    apt-get install --no-install-recommends --simulate -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
+        grep -c '^Inst ' | sed 's/.*/  & packages with what they need/' >&2 || true
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
+        -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress
+    [ "${PIPESTATUS[0]}" -eq 0 ] || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
 }
 
-# Runs the command into a log; the log's errors and the end of the script if it fails.
+# Says how far something is: one line that is written over on a terminal, else a line every so often.
+#   progress TEXT DONE-IN-PER-CENT
+progress() {
+    if [ -t 2 ]; then
+        printf '\r  %s %3d %%\033[K' "$1" "$2" >&2
+        [ "$2" -lt 100 ] || printf '\r\033[K' >&2
+    elif [ "$1-$(($2 / 25))" != "${progress_said-}" ]; then
+        progress_said=$1-$(($2 / 25))
+        say "  $1 $2 %"
+    fi
+}
+
+# Reads what apt-get says on its status descriptor, and how much it has to download.
+show_apt_progress() {
+    local line rest
+    while IFS= read -r line; do
+        case $line in
+            "Need to get "*) say "  ${line%%.}" ;;
+            dlstatus:*) rest=${line#dlstatus:*:}; progress downloading "${rest%%.*}" ;;
+            pmstatus:*) rest=${line#pmstatus:*:}; progress installing "${rest%%.*}" ;;
+        esac
+    done
+}
+
+# Runs the command into a log; the log's errors and the end of the script if it fails. Lines "[12/110] ..." of a build
+# are shown as progress.
 logged() {
-    local log=$1
+    local log=$1 line done_ all
     shift
     mkdir -p "$top/build"
-    "$@" >"$log" 2>&1 ||
+    "$@" 2>&1 | tee "$log" | while IFS= read -r line; do
+        [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
+        done_=${BASH_REMATCH[1]} all=${BASH_REMATCH[2]}
+        progress "built" $((100 * done_ / all))
+    done
+    [ "${PIPESTATUS[0]}" -eq 0 ] ||
         { grep -E 'error|Error|FAILED' -A 5 "$log" | head -n 60 >&2; die "The build failed; see $log"; }
 }
 
