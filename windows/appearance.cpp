@@ -33,7 +33,7 @@ QPalette dark_palette() {
     QPalette palette(QColor(0x353535), QColor(0x353535));
     palette.setColor(QPalette::Base, QColor(0x1E1E1E));
     palette.setColor(QPalette::AlternateBase, QColor(0x2A2A2A));
-    palette.setColor(QPalette::Highlight, QColor(0x3A7BD5));
+    palette.setColor(QPalette::Highlight, QColor(0x2F6DC4));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::PlaceholderText, QColor(0xA0A0A0));
     palette.setColor(QPalette::ToolTipBase, QColor(0x2A2A2A));

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "drawing/text.hpp"
+#include "windows/output_window.hpp"
 
 namespace brindle {
 namespace {
@@ -76,7 +77,8 @@ void Notice::add_message(QVBoxLayout &column) {
             return;
         }
     }
-    auto *view = new QPlainTextEdit(text);
+    int end_column = 0;
+    auto *view = new QPlainTextEdit(with_bearable_lines(text, end_column));
     view->setReadOnly(true);
     view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     view->setMinimumSize(longest_line, std::min(room, 24 * metrics.lineSpacing()));

@@ -13,6 +13,18 @@ constexpr int longest_line = 2000;
 
 }  // namespace
 
+QString with_bearable_lines(const QString &text, int &column) {
+    QString shown;
+    shown.reserve(text.size());
+    for (const QChar c : text) {
+        if (c == QChar(0)) continue;
+        if (column >= longest_line && c != '\n' && !c.isLowSurrogate()) shown += '\n', column = 0;
+        shown += c;
+        column = c == '\n' ? 0 : column + 1;
+    }
+    return shown;
+}
+
 OutputWindow::OutputWindow() {
     setReadOnly(true);
     setUndoRedoEnabled(false);
@@ -36,14 +48,7 @@ void OutputWindow::flush() {
     if (whole == 0) return;
     const QString text = to_qstring(std::string_view(waiting_).substr(0, whole));
     waiting_.erase(0, whole);
-    QString shown;
-    shown.reserve(text.size());
-    for (const QChar c : text) {
-        if (c == QChar(0)) continue;
-        if (column_ >= longest_line && c != '\n' && !c.isLowSurrogate()) shown += '\n', column_ = 0;
-        shown += c;
-        column_ = c == '\n' ? 0 : column_ + 1;
-    }
+    const QString shown = with_bearable_lines(text, column_);
     make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);

@@ -8,13 +8,17 @@
 
 namespace brindle {
 
+// The text with lines of at most 2,000 characters, as longer ones take long to lay out. It goes on in that
+// column, which is left at its end.
+QString with_bearable_lines(const QString &text, int &column);
+
 class OutputWindow final : public QPlainTextEdit {
     Q_OBJECT
   public:
     OutputWindow();
 
     // Puts text in the locale's encoding at the end, and scrolls there, when the loop is next idle. The last
-    // megabyte stays; a line of more than 2,000 characters is broken, as long ones would take long to draw.
+    // megabyte stays.
     void append_text(std::string_view bytes);
     // Shows at once what has come.
     void flush();
