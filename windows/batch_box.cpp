@@ -77,6 +77,7 @@ void BatchBox::add_action(const QString &label, Action action, bool same_row) {
 void BatchBox::open(const QWidget &below) {
     recount();
     show_below(below);
+    from_->take_focus();
 }
 
 // ---------------------------------------------------------------- the choice of trees

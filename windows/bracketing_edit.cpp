@@ -103,8 +103,12 @@ bool BracketingEdit::event(QEvent *event) {
 
 void BracketingEdit::keyPressEvent(QKeyEvent *event) {
     const Binding *binding = binding_of(*event);
-    if (!binding) return QPlainTextEdit::keyPressEvent(event);
     QTextCursor cursor = textCursor();
+    if (!binding) {
+        // What is typed over and what is typed are undone one after the other.
+        if (!event->text().isEmpty() && event->text().front().isPrint()) cursor.removeSelectedText();
+        return QPlainTextEdit::keyPressEvent(event);
+    }
     const auto remove_to = [&](QTextCursor::MoveOperation where) {
         cursor.clearSelection();
         cursor.movePosition(where, QTextCursor::KeepAnchor);

@@ -25,6 +25,8 @@ NumberSlider::NumberSlider(const QString &label, int min, int max, int value, in
     set_value(value);
     connect(field_, &QSpinBox::valueChanged, this, &NumberSlider::take);
     connect(scale_, &QSlider::valueChanged, this, &NumberSlider::take);
+    connect(field_->findChild<QLineEdit *>(), &QLineEdit::returnPressed, this, &NumberSlider::left);
+    connect(scale_, &QSlider::sliderReleased, this, &NumberSlider::left);
 }
 
 void NumberSlider::take(int value) {
@@ -56,6 +58,11 @@ void NumberSlider::align_with(NumberSlider &other) {
     };
     align(*label_, *other.label_);
     align(*field_, *other.field_);
+}
+
+void NumberSlider::take_focus() {
+    field_->setFocus();
+    field_->selectAll();
 }
 
 void NumberSlider::set_value(int value) {

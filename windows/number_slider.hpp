@@ -24,10 +24,14 @@ class NumberSlider final : public QWidget {
     void set_value(int value);
     void set_minimum(int min);
     void set_maximum(int max);
+    // The keyboard is the field's, whose number typing replaces.
+    void take_focus();
 
   Q_SIGNALS:
     // The user has dragged to a value, or typed one and pressed Return.
     void changed(int value);
+    // The user is done: Return has been pressed, or the button released on the scale.
+    void left();
 
   private:
     void take(int value);

@@ -49,17 +49,35 @@ void OutputWindow::flush() {
     const QString text = to_qstring(std::string_view(waiting_).substr(0, whole));
     waiting_.erase(0, whole);
     const QString shown = with_bearable_lines(text, column_);
+    make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.insertText(shown);
-    if (const int over = document()->characterCount() - most_characters; over > 0) {
-        cursor.setPosition(0);
-        cursor.setPosition(over, QTextCursor::KeepAnchor);
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
-        cursor.removeSelectedText();
+    show_end();
+}
+
+// Removes the first lines, as many as the text that is to come is over the limit.
+void OutputWindow::make_room(int characters) {
+    const int over = document()->characterCount() + characters - most_characters;
+    if (over <= 0) return;
+    QTextCursor cursor(document());
+    cursor.setPosition(std::min(over, document()->characterCount() - 1), QTextCursor::KeepAnchor);
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    cursor.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+}
+
+// The lines that are to be seen are wrapped first: until then the scroll bar takes each for one line. What
+// the user has selected stays so.
+void OutputWindow::show_end() {
+    if (textCursor().hasSelection()) return verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    double height = 0;
+    for (QTextBlock block = document()->lastBlock(); block.isValid(); block = block.previous()) {
+        height += blockBoundingRect(block).height();
+        if (height > viewport()->height()) break;
     }
-    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+    moveCursor(QTextCursor::End);
+    ensureCursorVisible();
 }
 
 }  // namespace brindle

@@ -24,6 +24,9 @@ class OutputWindow final : public QPlainTextEdit {
     void flush();
 
   private:
+    void make_room(int characters);
+    void show_end();
+
     std::string waiting_;
     int column_ = 0;  // of the last line
     QTimer timer_;

@@ -98,6 +98,7 @@ void TreeWindow::create_panel() {
     if (several) {
         tree_slider_ = new NumberSlider("Tree #", 1, corpus().amount(), 1, 260);
         connect(tree_slider_, &NumberSlider::changed, this, [this](int tree) { turn_to(tree - 1); });
+        connect(tree_slider_, &NumberSlider::left, this, [this] { canvas_->setFocus(); });
         second->addWidget(tree_slider_);
     } else {
         for (QAction *action : {actions_.next, actions_.previous, actions_.search, actions_.batch})

@@ -43,6 +43,8 @@ class Gui {
     // Clicks on what they find: an item's, row's or node's middle. Buttons 1 to 3; modifiers "ctrl", "shift",
     // "".
     void click_item(const std::string &kind, const std::string &label, const std::string &title = {});
+    // Where it begins: on the field of a slider.
+    void click_start(const ShownItem &item);
     void click_row(const std::string &text, const std::string &title = {});
     void double_click_row(const std::string &text, const std::string &title = {});
     void click_node(const std::string &path, unsigned button = 1, const std::string &modifier = {},
@@ -51,7 +53,7 @@ class Gui {
     // Brings a frame with a footer above all others that may hide it, by a click on the footer.
     void raise(const std::string &title);
     void drag(int from_x, int from_y, int to_x, int to_y, unsigned button = 1);
-    // Chooses an entry of the menu that is shown, through its submenus.
+    // Chooses an entry of the menu that is shown, through its submenus; without any nothing is chosen.
     void choose(const std::vector<std::string> &entries);
     // Drops a choice down and takes an option.
     void choose_option(const std::string &choice, const std::string &option, const std::string &title = {});

@@ -5,6 +5,15 @@
 
 namespace brindle::windows {
 
+namespace {
+
+// A place in a frame's footer, left of what changes the frame's size.
+Area footer_of(const ShownFrame &frame) {
+    return {frame.area.x + frame.area.w - 30, frame.area.y + frame.area.h - 6, 1, 1};
+}
+
+}  // namespace
+
 void Gui::click_at(int x, int y, unsigned button, const std::string &modifier) {
     server_.move_pointer(x, y);
     const bool held = !modifier.empty();
@@ -25,8 +34,7 @@ void Gui::click_in(int frame, Area area, unsigned button, const std::string &mod
     const int x = area.middle_x();
     const int y = area.middle_y();
     const ShownFrame *meant = map_.frame(handle);
-    if (hidden(x, y) && meant &&
-        !hidden(meant->area.x + meant->area.w - 6, meant->area.y + meant->area.h - 6)) {
+    if (hidden(x, y) && meant && !hidden(footer_of(*meant).x, footer_of(*meant).y)) {
         raise(handle);
         map();
     }
@@ -35,8 +43,8 @@ void Gui::click_in(int frame, Area area, unsigned button, const std::string &mod
 }
 
 void Gui::raise(const std::string &title) {
-    const Area frame = wait_frame(title).area;
-    click_at(frame.x + frame.w - 6, frame.y + frame.h - 6);
+    const Area footer = footer_of(wait_frame(title));
+    click_at(footer.x, footer.y);
 }
 
 void Gui::drag(int from_x, int from_y, int to_x, int to_y, unsigned button) {
@@ -54,6 +62,10 @@ void Gui::press(const std::string &label, const std::string &title) {
 
 void Gui::click_item(const std::string &kind, const std::string &label, const std::string &title) {
     click(wait_item(kind, label, title));
+}
+
+void Gui::click_start(const ShownItem &item) {
+    click_in(item.frame, {item.area.x, item.area.y, 20, item.area.h}, 1, {});
 }
 
 void Gui::click_row(const std::string &text, const std::string &title) {
@@ -75,6 +87,7 @@ void Gui::click_node(const std::string &path, unsigned button, const std::string
 }
 
 void Gui::choose(const std::vector<std::string> &entries) {
+    if (entries.empty()) return;
     for (const std::string &entry : entries) {
         const Area area = wait_item("menuentry", entry, {}).area;
         server_.move_pointer(area.middle_x(), area.middle_y());

@@ -59,8 +59,10 @@ TEST(workbench_display, a_font_style_is_drawn_and_measured) {
     const int bold_sans = width("1.1");
     w.prefer({"font-style", "times-italic"});
     EXPECT_LT(width("1.1"), bold_sans);
+    EXPECT_NE(width("1.1"), width("2.1"));
     w.prefer({"font-style", "courier-bold"});
-    EXPECT_EQ(width("1.1") * 2, width("2.2.2.2") * 3) << "NNP and NN in a font of equal widths";
+    EXPECT_EQ(width("1.1"), width("2.1")) << "NNP and VBZ in a font of equal widths";
+    EXPECT_EQ(width("2.2.1"), width("2.2.2.1")) << "IN and DT";
 }
 
 TEST(workbench_display, punctuation_is_hidden_until_it_is_asked_for) {

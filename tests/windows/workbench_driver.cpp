@@ -114,9 +114,10 @@ std::string Workbench::edit() {
 void Workbench::open_batch_box() {
     press("Batch");
     gui_->wait_focus("Batch processing");
-    gui_->server().move_window("Batch processing", 4, 20);
+    constexpr int beside = 732;
+    gui_->server().move_window("Batch processing", beside, 4);
     gui_->wait_until("box beside the window",
-                     [](const UiMap &map) { return map.frame("Batch processing")->area.x < 20; });
+                     [](const UiMap &map) { return map.frame("Batch processing")->area.x >= beside; });
 }
 
 void Workbench::choose_at(const std::string &path, const std::vector<std::string> &entries) {
@@ -181,7 +182,7 @@ void Workbench::type_into_slider(const std::string &label, const std::string &nu
     const UiMap &map = gui_->map();
     const ShownItem *slider = map.item("slider", label, in_hand_);
     if (!slider) slider = map.item("slider", label);
-    gui_->click_at(slider->area.x + 10, slider->area.middle_y());
+    gui_->click_start(*slider);
     gui_->key("ctrl+a");
     gui_->type(number);
 }

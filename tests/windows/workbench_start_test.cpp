@@ -86,15 +86,17 @@ std::set<unsigned long> colours(Gui &gui, const Area &area) {
 }
 
 TEST(workbench_start, x_options_choose_colours_and_the_font) {
-    const auto quit_width = [](Workbench &w) { return w.gui().map().item("button", "Quit")->area.w; };
-    const int width = quit_width(*std::make_unique<Workbench>());
+    const auto label_width = [](Workbench &w) {
+        return w.gui().map().item("button", "Edit small.trees")->area.w;
+    };
+    const int width = label_width(*std::make_unique<Workbench>());
     constexpr unsigned long ground = 0xFFFF00, ink = 0x0000FF;
     const std::vector<std::string> options{"-fg", "blue", "-bg", "#ffff00", "-fn", "courier-bold"};
     for (const bool reversed : {false, true}) {
         std::vector<std::string> all = options;
         if (reversed) all.push_back("-rv");
         Workbench w(small_corpus, "small.trees", all);
-        EXPECT_NE(quit_width(w), width);
+        EXPECT_NE(label_width(w), width);
         const std::string window = w.edit();
         picture(w, reversed ? "reversed.png" : "colours.png");
         const Area root = w.node(".")->area;
