@@ -48,7 +48,9 @@ void OutputWindow::flush() {
     if (whole == 0) return;
     const QString text = to_qstring(std::string_view(waiting_).substr(0, whole));
     waiting_.erase(0, whole);
-    const QString shown = with_bearable_lines(text, column_);
+    QString shown = with_bearable_lines(text, column_);
+    if (shown.size() > most_characters)
+        shown.remove(0, shown.indexOf('\n', shown.size() - most_characters) + 1);
     make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
