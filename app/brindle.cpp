@@ -73,7 +73,8 @@ void read_everything(Corpus &corpus, int argc, char **argv) {
     corpus.name = argv[argc - 1];
 }
 
-// What Qt has to say beside errors is for developers: that a font lacks a script, that the locale is not its own.
+// What Qt has to say beside errors is for developers: that a font lacks a script, that the locale is not its
+// own.
 void tell_errors_only(QtMsgType type, const QMessageLogContext &, const QString &text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) fmt::print(stderr, "{}\n", text.toStdString());
 }
@@ -122,7 +123,8 @@ int main(int argc, char **argv) {
     QGuiApplication::setDesktopFileName("io.brindle.Workbench");
     QApplication::setQuitOnLastWindowClosed(false);
     Workbench workbench(corpus);
-    set_up_appearance({options.foreground, options.background, options.font, options.reverse}, workbench.settings());
+    set_up_appearance({options.foreground, options.background, options.font, options.reverse},
+                      workbench.settings());
     start_ui_map();
     workbench.start_prolog();
     show_main_window(workbench.main_window(), options);

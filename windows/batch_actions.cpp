@@ -34,7 +34,8 @@ void BatchBox::add_actions() {
                 show_hidden_in(window));
         });
     });
-    add_action("Propose an annotation", [this](const auto &) { run("Proposing away...", brindle::propose_all); });
+    add_action("Propose an annotation",
+               [this](const auto &) { run("Proposing away...", brindle::propose_all); });
     add_action("Propose and evaluate results", [this](const QPushButton &button) {
         window_in_hand().results_requestor->show_right_of(button);
     });
@@ -47,7 +48,8 @@ void BatchBox::add_actions() {
         requestor.show_right_of(button);
     });
     add_action("Check tree", [this](const auto &) { run("Checking trees...", brindle::check_all); });
-    add_action("Uncheck tree", [this](const auto &) { run("Unchecking trees...", brindle::uncheck_all); }, true);
+    add_action(
+        "Uncheck tree", [this](const auto &) { run("Unchecking trees...", brindle::uncheck_all); }, true);
 }
 
 void BatchBox::propose_and_evaluate_into(const std::string &name) {

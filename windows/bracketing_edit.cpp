@@ -3,8 +3,23 @@
 namespace brindle {
 namespace {
 
-enum class Key { backspace, cut, copy, paste, again, undo, redo, down, up, word_on, del, to_start, to_end, word_before,
-                 word_behind };
+enum class Key {
+    backspace,
+    cut,
+    copy,
+    paste,
+    again,
+    undo,
+    redo,
+    down,
+    up,
+    word_on,
+    del,
+    to_start,
+    to_end,
+    word_before,
+    word_behind
+};
 
 struct Binding {
     QKeyCombination keys;
@@ -40,8 +55,7 @@ const Binding bindings[] = {
 const Binding *binding_of(const QKeyEvent &event) {
     const auto modifiers = event.modifiers() & ~Qt::KeypadModifier;
     QKeyCombination pressed = modifiers | Qt::Key(event.key());
-    if (modifiers & Qt::MetaModifier)
-        pressed = (modifiers ^ Qt::MetaModifier) | meta | Qt::Key(event.key());
+    if (modifiers & Qt::MetaModifier) pressed = (modifiers ^ Qt::MetaModifier) | meta | Qt::Key(event.key());
     for (const Binding &binding : bindings)
         if (binding.keys == pressed) return &binding;
     return nullptr;
@@ -58,10 +72,12 @@ BracketingEdit::BracketingEdit() {
 }
 
 const char *BracketingEdit::help() {
-    return "M is Meta, C is Control, S is shift\n\ncut = M-x\npaste = M-v\n-\ngo line down = C-n\ngo line up = "
+    return "M is Meta, C is Control, S is shift\n\ncut = M-x\npaste = M-v\n-\ngo line down = C-n\ngo line up "
+           "= "
            "C-p\n"
            "go word forward = C-/\ngo right = right\ngo left = left\npagedown = pgdown\npageup = pgup\n-\n"
-           "delete char backward = del,backspace\ndelete char forward = S-del,S-backspace\ndelete line backward "
+           "delete char backward = del,backspace\ndelete char forward = S-del,S-backspace\ndelete line "
+           "backward "
            "= C-u\n"
            "delete line forward = C-U\ndelete word backward = C-w\ndelete word forward = C-W\n-\nagain = "
            "M-a\nundo = M-u"
@@ -115,21 +131,51 @@ void BracketingEdit::keyPressEvent(QKeyEvent *event) {
         cursor.removeSelectedText();
     };
     switch (binding->key) {
-        case Key::backspace: cursor.deletePreviousChar(); break;
-        case Key::cut: cut(); break;
-        case Key::copy: copy(); break;
-        case Key::paste: paste(); break;
-        case Key::again: again(); break;
-        case Key::undo: undo(); break;
-        case Key::redo: redo(); break;
-        case Key::down: moveCursor(QTextCursor::Down); break;
-        case Key::up: moveCursor(QTextCursor::Up); break;
-        case Key::word_on: moveCursor(QTextCursor::NextWord); break;
-        case Key::del: cursor.deleteChar(); break;
-        case Key::to_start: remove_to(QTextCursor::StartOfBlock); break;
-        case Key::to_end: remove_to(QTextCursor::EndOfBlock); break;
-        case Key::word_before: remove_to(QTextCursor::PreviousWord); break;
-        case Key::word_behind: remove_to(QTextCursor::NextWord); break;
+        case Key::backspace:
+            cursor.deletePreviousChar();
+            break;
+        case Key::cut:
+            cut();
+            break;
+        case Key::copy:
+            copy();
+            break;
+        case Key::paste:
+            paste();
+            break;
+        case Key::again:
+            again();
+            break;
+        case Key::undo:
+            undo();
+            break;
+        case Key::redo:
+            redo();
+            break;
+        case Key::down:
+            moveCursor(QTextCursor::Down);
+            break;
+        case Key::up:
+            moveCursor(QTextCursor::Up);
+            break;
+        case Key::word_on:
+            moveCursor(QTextCursor::NextWord);
+            break;
+        case Key::del:
+            cursor.deleteChar();
+            break;
+        case Key::to_start:
+            remove_to(QTextCursor::StartOfBlock);
+            break;
+        case Key::to_end:
+            remove_to(QTextCursor::EndOfBlock);
+            break;
+        case Key::word_before:
+            remove_to(QTextCursor::PreviousWord);
+            break;
+        case Key::word_behind:
+            remove_to(QTextCursor::NextWord);
+            break;
     }
     ensureCursorVisible();
 }

@@ -51,7 +51,8 @@ void CommandWindow::show_at(QPoint screen_place) {
     }
     adjustSize();
     move(std::clamp(screen_place.x(), area.left(), std::max(area.left(), area.right() - width())),
-         std::clamp(screen_place.y(), area.top(), std::max(area.top(), area.bottom() - height() - title_height)));
+         std::clamp(screen_place.y(), area.top(),
+                    std::max(area.top(), area.bottom() - height() - title_height)));
     show();
     raise();
     activateWindow();

@@ -37,7 +37,8 @@ void copy_from(Node &clicked, TreeWindow &window) {
 
 void copy_missed(TreeWindow &window) {
     enum Answer { again = 1, cancel = 3 };
-    if (window.ask({.message = "You missed!", .buttons = {{"Try again", again}, {"Cancel", cancel}}}) == cancel)
+    if (window.ask({.message = "You missed!", .buttons = {{"Try again", again}, {"Cancel", cancel}}}) ==
+        cancel)
         end_copy(window.workbench());
 }
 

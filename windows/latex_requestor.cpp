@@ -30,10 +30,10 @@ void LatexRequestor::write() {
     const std::string name = to_locale(field_->text());
     if (!node_ || name.empty() || !may_write(name, *this)) return;
     OutputFile file(name);
-    const bool written = file.ok() &&
-                         file.write(latex_document(node_, node_->tree(), corpus().name,
-                                                   window.shows_punctuation())) &&
-                         file.commit();
+    const bool written =
+        file.ok() &&
+        file.write(latex_document(node_, node_->tree(), corpus().name, window.shows_punctuation())) &&
+        file.commit();
     if (written)
         window.set_footer(fmt::format("{} created", name));
     else

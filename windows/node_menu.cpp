@@ -73,14 +73,16 @@ void fill_subtree_menu(QMenu &menu, TreeWindow &window, Node &node) {
 void fill_preferences(QMenu &menu, TreeWindow &window) {
     QMenu *styles = menu.addMenu("font-style");
     for (const char *name : font_styles)
-        add_choice(*styles, name, window.font_name() == name, [&window, name] { window.set_font_name(name); });
+        add_choice(*styles, name, window.font_name() == name,
+                   [&window, name] { window.set_font_name(name); });
     QMenu *sizes = menu.addMenu("font-size");
     for (const auto &[label, scale] : font_sizes)
         add_choice(*sizes, label, window.params().font_scale == scale,
                    [&window, scale] { window.set_font_scale(scale); });
     menu.addAction("tree-size", &menu, [&window] { window.size_controller->open(window.menu_place()); });
     QMenu *punctuation = menu.addMenu("punctuation");
-    add_choice(*punctuation, "show it", window.shows_punctuation(), [&window] { window.show_punctuation(true); });
+    add_choice(*punctuation, "show it", window.shows_punctuation(),
+               [&window] { window.show_punctuation(true); });
     add_choice(*punctuation, "don't show it", !window.shows_punctuation(),
                [&window] { window.show_punctuation(false); });
 }

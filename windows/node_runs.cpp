@@ -9,20 +9,23 @@
 namespace brindle {
 
 void BatchBox::add_node_actions() {
-    add_action("Filter all nodes through prolog", [this](const auto &) { start_node_run(NodeRunKind::filter, false); });
-    add_action("Filter root-nodes through prolog", [this](const auto &) { start_node_run(NodeRunKind::filter, true); });
-    add_action("Let prolog evaluate all nodes", [this](const auto &) { start_node_run(NodeRunKind::evaluate, false); });
-    add_action("Let prolog evaluate root-nodes", [this](const auto &) { start_node_run(NodeRunKind::evaluate, true); });
+    add_action("Filter all nodes through prolog",
+               [this](const auto &) { start_node_run(NodeRunKind::filter, false); });
+    add_action("Filter root-nodes through prolog",
+               [this](const auto &) { start_node_run(NodeRunKind::filter, true); });
+    add_action("Let prolog evaluate all nodes",
+               [this](const auto &) { start_node_run(NodeRunKind::evaluate, false); });
+    add_action("Let prolog evaluate root-nodes",
+               [this](const auto &) { start_node_run(NodeRunKind::evaluate, true); });
 }
 
 // Shows Prolog's answer at the node; Control-C in the notice ends the run.
 void BatchBox::show_answer(const Node *node, std::string_view text) {
     enum Answer { ok = 1, abort = 2 };
-    const int answer = window_in_hand().ask_at(
-        node, {.message = std::string(text),
-               .buttons = {{"Ok", ok}},
-               .keys = {{Qt::ControlModifier | Qt::Key_C, abort}},
-               .silent = true});
+    const int answer = window_in_hand().ask_at(node, {.message = std::string(text),
+                                                      .buttons = {{"Ok", ok}},
+                                                      .keys = {{Qt::ControlModifier | Qt::Key_C, abort}},
+                                                      .silent = true});
     if (answer == abort) stop();
 }
 
@@ -37,8 +40,7 @@ void BatchBox::start_node_run(NodeRunKind kind, bool roots_only) {
     begin();
     if (trees_.empty()) return stop();
     const bool filters = kind == NodeRunKind::filter;
-    const std::string footer =
-        filters ? "Filtering nodes..." : "Evaluating nodes... Press Ctrl-C to abort";
+    const std::string footer = filters ? "Filtering nodes..." : "Evaluating nodes... Press Ctrl-C to abort";
     window.set_footer(footer);
     NodeRun::Hooks hooks;
     hooks.begin_tree = [this, &window, filters, footer](int tree) {

@@ -169,7 +169,8 @@ QPainterPath Notice::outline() const {
                   << QPointF(x + size, body.bottom() - 1);
             break;
         case Side::right:
-            arrow << QPointF(body.left() + 1, y - size) << QPointF(0, y) << QPointF(body.left() + 1, y + size);
+            arrow << QPointF(body.left() + 1, y - size) << QPointF(0, y)
+                  << QPointF(body.left() + 1, y + size);
             break;
         default:
             arrow << QPointF(body.right() - 1, y - size) << QPointF(width(), y)

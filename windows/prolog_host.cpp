@@ -30,7 +30,8 @@ PrologWindowHost::~PrologWindowHost() {
 void PrologWindowHost::watch_input(int fd, std::function<void(int)> handler) {
     unwatch_input(fd);
     auto *notifier = new QSocketNotifier(fd, QSocketNotifier::Read);
-    QObject::connect(notifier, &QSocketNotifier::activated, [handler = std::move(handler), fd] { handler(fd); });
+    QObject::connect(notifier, &QSocketNotifier::activated,
+                     [handler = std::move(handler), fd] { handler(fd); });
     inputs_[fd] = notifier;
 }
 

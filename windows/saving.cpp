@@ -35,9 +35,8 @@ void save_to_name(TreeWindow &window, const std::string &name, CorpusFormat form
     if (name.empty() || !may_write(name, *window.file_requestor)) return;
     Workbench &workbench = window.workbench();
     const QPointer<TreeWindow> open = &window;
-    const SaveResult result = format == CorpusFormat::info
-                                  ? save_information(name, window)
-                                  : brindle::save_as(window.corpus(), name, format);
+    const SaveResult result = format == CorpusFormat::info ? save_information(name, window)
+                                                           : brindle::save_as(window.corpus(), name, format);
     if (!workbench.window_of(open)) return;
     if (result.status != SaveStatus::saved) return window.tell(result.message, false);
     if (format == CorpusFormat::atis) workbench.show_corpus_name();
@@ -56,9 +55,8 @@ void save(TreeWindow &window) {
 
 void save_as(TreeWindow &window, const QWidget &below) {
     FileRequestor &requestor = *window.file_requestor;
-    requestor.set_handler([&window](const std::string &name, CorpusFormat format) {
-        save_to_name(window, name, format);
-    });
+    requestor.set_handler(
+        [&window](const std::string &name, CorpusFormat format) { save_to_name(window, name, format); });
     requestor.show_below(below);
 }
 
@@ -69,9 +67,10 @@ FileRequestor::FileRequestor(TreeWindow &owner)
     connect(format_, &QComboBox::activated, this, [this](int index) {
         const auto format = static_cast<CorpusFormat>(index);
         if (format == CorpusFormat::dop || format == CorpusFormat::dop2)
-            window_in_hand().tell("Note: A filename ending in \".aug\" will augment\n"
-                                  "each tree with a rootnode \"sss\".",
-                                  true);
+            window_in_hand().tell(
+                "Note: A filename ending in \".aug\" will augment\n"
+                "each tree with a rootnode \"sss\".",
+                true);
     });
     add_ok_and_cancel([this] {
         if (handler_) handler_(to_locale(name_->text()), static_cast<CorpusFormat>(format_->currentIndex()));
@@ -81,10 +80,11 @@ FileRequestor::FileRequestor(TreeWindow &owner)
 bool may_write(const std::string &name, CommandWindow &requestor) {
     enum Answer { yes = 1, no = 2, cancel = 3 };
     if (!can_be_read(name)) return true;
-    const int answer = requestor.window_in_hand().ask({.message = name + "\nexists, overwrite?",
-                                                       .buttons = {{"Yes", yes}, {"No", no}, {"Cancel", cancel}},
-                                                       .default_value = no,  // a Return too many
-                                                       .escape_value = cancel});
+    const int answer =
+        requestor.window_in_hand().ask({.message = name + "\nexists, overwrite?",
+                                        .buttons = {{"Yes", yes}, {"No", no}, {"Cancel", cancel}},
+                                        .default_value = no,  // a Return too many
+                                        .escape_value = cancel});
     if (answer == no) requestor.show();
     return answer == yes;
 }

@@ -101,7 +101,8 @@ class SearchCommand {
         if (!is_open()) return stop;
         if (answer == yes && !replace(match, silently)) return stop;
         if (action_ == SearchAction::replace && answer != stop)
-            answer = ask_at(match.node, "Search again?", {{"Yes", again}, {"No", stop}, {"Go back", go_back}});
+            answer =
+                ask_at(match.node, "Search again?", {{"Yes", again}, {"No", stop}, {"Go back", go_back}});
         return answer;
     }
 

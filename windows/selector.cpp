@@ -15,8 +15,7 @@ std::string_view row_of(const Label *tag) {
 
 }  // namespace
 
-Selector::Selector(TreeWindow &owner, Kind kind)
-    : CommandWindow(owner), kind_(kind), list_(new QListWidget) {
+Selector::Selector(TreeWindow &owner, Kind kind) : CommandWindow(owner), kind_(kind), list_(new QListWidget) {
     const bool word = kind == Kind::word;
     add_message(word ? "         Existing annotations of this lexical"
                      : "         Existing annotations for this category,");
@@ -67,7 +66,8 @@ void Selector::take_tag() {
     hide();
     if (!node_) return;
     const auto chosen = list_->selectedItems();
-    const Label *tag = chosen.isEmpty() ? nullptr : tags_[static_cast<std::size_t>(list_->row(chosen.front()))];
+    const Label *tag =
+        chosen.isEmpty() ? nullptr : tags_[static_cast<std::size_t>(list_->row(chosen.front()))];
     if (window_in_hand().tree_number() != node_->tree()) window_in_hand().show_tree(node_->tree());
     set_tag(corpus(), node_, text_of(tag));
 }
@@ -76,10 +76,9 @@ void Selector::take_tag() {
 void Selector::search_for_it() {
     if (!node_ || tags_.empty()) return;
     const bool word = kind_ == Kind::word;
-    window_in_hand().search_box->open_for(word ? std::string_view() : node_->syn()->view(),
-                                          word ? text_of(node_->lex()) : std::string_view(),
-                                          row_of(tags_[static_cast<std::size_t>(std::max(list_->currentRow(), 0))]),
-                                          *where_);
+    window_in_hand().search_box->open_for(
+        word ? std::string_view() : node_->syn()->view(), word ? text_of(node_->lex()) : std::string_view(),
+        row_of(tags_[static_cast<std::size_t>(std::max(list_->currentRow(), 0))]), *where_);
 }
 
 void offer_tags(TreeWindow &window, Node &node) {

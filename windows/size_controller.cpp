@@ -22,8 +22,8 @@ SizeController::SizeController(TreeWindow &owner) : CommandWindow(owner, "Tree S
     new_row();
     add_button("Apply", [this] {
         LayoutParams params = window_in_hand().params();
-        apply_size_sliders(params, {vertical_->value(), sister_->value(), minimum_->value(),
-                                    thickness_->value()});
+        apply_size_sliders(params,
+                           {vertical_->value(), sister_->value(), minimum_->value(), thickness_->value()});
         window_in_hand().set_params(params);
     });
     add_button("Reset", [this] { set_sliders(default_size_sliders(window_in_hand().params().font_scale)); });

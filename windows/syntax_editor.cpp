@@ -53,7 +53,8 @@ bool SyntaxEditor::subtree_is_free(Node &top) {
     for (TreeWindow *window : workbench.tree_windows())
         for (CommandWindow *active : window->findChildren<CommandWindow *>()) {
             if (!active->isVisible() || !is_below(&top, active->node())) continue;
-            window_in_hand().tell_at(active->node(), "A window is active on this node;\nClose it first.", false);
+            window_in_hand().tell_at(active->node(), "A window is active on this node;\nClose it first.",
+                                     false);
             active->show();
             active->raise();
             return false;

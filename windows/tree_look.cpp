@@ -61,7 +61,8 @@ void TreeWindow::use_chosen_colours() {
 }
 
 void TreeWindow::forget_colours() {
-    for (const auto &[name, part] : parts) workbench_.settings().remember(setting_of(name).c_str(), QString());
+    for (const auto &[name, part] : parts)
+        workbench_.settings().remember(setting_of(name).c_str(), QString());
     for (TreeWindow *window : workbench_.tree_windows()) window->use_chosen_colours();
 }
 

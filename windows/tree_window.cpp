@@ -44,7 +44,8 @@ TreeWindow::TreeWindow(Workbench &workbench)
     show_corpus_name();
     set_footer(corpus().amount() == 0 ? "This corpus has no trees." : "");
     const QSize screen_size = screen()->availableSize();
-    resize(workbench.settings().window_size("tree", {screen_size.width() * 3 / 4, screen_size.height() * 5 / 6}));
+    resize(workbench.settings().window_size("tree",
+                                            {screen_size.width() * 3 / 4, screen_size.height() * 5 / 6}));
 }
 
 TreeWindow::~TreeWindow() = default;
@@ -70,9 +71,9 @@ void TreeWindow::create_actions() {
     actions_.close = add_command("Close", "Closes this window; nothing is saved", {QKeySequence::Close},
                                  [this] { workbench_.close(*this); });
     actions_.save = add_command("Save", "Saves the corpus", {QKeySequence::Save}, [this] { save(*this); });
-    actions_.save_as = add_command("Save as", "Saves the corpus under a name, in one of four formats",
-                                   {QKeySequence("Ctrl+Shift+S")},
-                                   [this] { save_as(*this, *button_of(actions_.save_as)); });
+    actions_.save_as =
+        add_command("Save as", "Saves the corpus under a name, in one of four formats",
+                    {QKeySequence("Ctrl+Shift+S")}, [this] { save_as(*this, *button_of(actions_.save_as)); });
     actions_.next = add_command("Next", "The next tree", {Qt::Key_Plus, Qt::Key_PageUp},
                                 [this] { turn_to(tree_number_ + 1); });
     actions_.previous = add_command("Previous", "The tree before", {Qt::Key_Minus, Qt::Key_PageDown},
@@ -200,8 +201,8 @@ void TreeWindow::propose() {
 
 void TreeWindow::go_to_number() {
     bool answered = false;
-    const int tree = QInputDialog::getInt(this, "Go to number", "Tree #", tree_number_ + 1, 1, corpus().amount(), 1,
-                                          &answered);
+    const int tree = QInputDialog::getInt(this, "Go to number", "Tree #", tree_number_ + 1, 1,
+                                          corpus().amount(), 1, &answered);
     if (answered) turn_to(tree - 1);
 }
 

@@ -89,7 +89,7 @@ class TreeWindow final : public QMainWindow, public TreeView {
     // The place of the last menu on the screen: where what it opens goes.
     QPoint menu_place() const { return menu_place_; }
 
-    Predicate predicate;                 // the evaluation predicate
+    Predicate predicate;                  // the evaluation predicate
     InfoMode info_mode = InfoMode::none;  // the line of a node that was clicked last
 
     // The command windows.
@@ -118,7 +118,7 @@ class TreeWindow final : public QMainWindow, public TreeView {
     QAction *add_command(const QString &name, const QString &tip, const QList<QKeySequence> &keys,
                          std::function<void()> f);
     void create_panel();
-    void create_menus();        // tree_window_menus.cpp
+    void create_menus();  // tree_window_menus.cpp
     void create_view_menu(QMenu &menu);
     void create_tree_menu(QMenu &menu);
     void create_canvas();

@@ -46,7 +46,8 @@ void TreeWindow::create_menus() {
     file->addActions({actions_.save, actions_.save_as});
     file->addSeparator();
     file->addAction(actions_.close);
-    file->addAction(add_command("Quit", "Ends the program", {QKeySequence::Quit}, [this] { workbench_.quit(); }));
+    file->addAction(
+        add_command("Quit", "Ends the program", {QKeySequence::Quit}, [this] { workbench_.quit(); }));
     QMenu *edit = menuBar()->addMenu("&Edit");
     edit->addAction(actions_.search);
     create_tree_menu(*menuBar()->addMenu("&Tree"));
@@ -70,8 +71,8 @@ void TreeWindow::create_menus() {
     });
     create_view_menu(*menuBar()->addMenu("&View"));
     QMenu *help = menuBar()->addMenu("&Help");
-    help->addAction(add_command("Mouse and keys", "What mouse buttons and keys do", {QKeySequence::HelpContents},
-                                [this] { tell(keys_help, true); }));
+    help->addAction(add_command("Mouse and keys", "What mouse buttons and keys do",
+                                {QKeySequence::HelpContents}, [this] { tell(keys_help, true); }));
     help->addAction("About BRINDLE", this, [this] {
         tell("BRINDLE " BRINDLE_VERSION "\nA workbench for treebanks annotated with meaning.", true);
     });
@@ -96,8 +97,8 @@ void TreeWindow::create_view_menu(QMenu &menu) {
                                [this] { canvas_->set_zoom(canvas_->zoom() / 1.25); }));
     menu.addAction(add_command("Usual size", "Without zoom", {QKeySequence("Ctrl+0")},
                                [this] { canvas_->set_zoom(1); }));
-    menu.addAction(add_command("Fit", "The whole tree in the window", {QKeySequence("F")},
-                               [this] { canvas_->fit(); }));
+    menu.addAction(
+        add_command("Fit", "The whole tree in the window", {QKeySequence("F")}, [this] { canvas_->fit(); }));
     menu.addSeparator();
     QMenu *preferences = menu.addMenu("Preferences");
     fill_when_opened(*preferences, [this](QMenu &filled) {

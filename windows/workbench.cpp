@@ -47,7 +47,8 @@ std::string Workbench::tell_of_missing_fonts() const {
     if (missing.empty()) return {};
     constexpr std::size_t most = 8;
     std::string shown;
-    for (const char32_t c : missing.substr(0, most)) shown += fmt::format(" U+{:04X}", static_cast<std::uint32_t>(c));
+    for (const char32_t c : missing.substr(0, most))
+        shown += fmt::format(" U+{:04X}", static_cast<std::uint32_t>(c));
     return fmt::format("No installed font has {} characters of this corpus:{}{}", missing.size(), shown,
                        missing.size() > most ? " ..." : "");
 }

@@ -18,9 +18,10 @@
 namespace brindle {
 namespace {
 
-const char *const trees = "* ( (S|s(d1,d2) (NP|john NNP/John) (VP VBZ/sleeps)) )\n"
-                          "( (S (NP NNP/Mary) (VP VBZ/sees (NP NNP/John))) )\n"
-                          "* ( (S|s(d1,d2) (NP|mary NNP/Mary) (VP|walks VBZ/walks)) )\n";
+const char *const trees =
+    "* ( (S|s(d1,d2) (NP|john NNP/John) (VP VBZ/sleeps)) )\n"
+    "( (S (NP NNP/Mary) (VP VBZ/sees (NP NNP/John))) )\n"
+    "* ( (S|s(d1,d2) (NP|mary NNP/Mary) (VP|walks VBZ/walks)) )\n";
 
 class WorkbenchTest : public testing::Test {
   protected:
@@ -93,7 +94,8 @@ TEST_F(WorkbenchTest, the_menu_of_nodes_works_on_the_selected_one) {
     corpus.tree(0).editing = true;
     EXPECT_EQ(entry(window, {"Node", "edit"}), nullptr) << "no command on a tree that an editor holds";
     corpus.tree(0).editing = false;
-    for (const char *name : {"select", "copy", "filter", "edit syntax", "Export to LaTeX", "information", "mothers"})
+    for (const char *name :
+         {"select", "copy", "filter", "edit syntax", "Export to LaTeX", "information", "mothers"})
         EXPECT_NE(entry(window, {"Node", name}), nullptr) << name;
 }
 
@@ -126,7 +128,8 @@ TEST_F(WorkbenchTest, every_item_has_a_name_that_can_be_read_aloud) {
     EXPECT_EQ(tops.size(), 14);
     for (QWidget *top : tops)
         for (QWidget *item : top->findChildren<QWidget *>()) {
-            const bool spoken = item->focusPolicy() != Qt::NoFocus && item->isVisible() && item->window() == top;
+            const bool spoken =
+                item->focusPolicy() != Qt::NoFocus && item->isVisible() && item->window() == top;
             if (!spoken || qobject_cast<QAbstractScrollArea *>(item->parentWidget()) ||
                 qobject_cast<QAbstractSpinBox *>(item->parentWidget()) || qobject_cast<QMenuBar *>(item) ||
                 item->focusProxy())
