@@ -37,7 +37,9 @@ class Desk:
         self.processes = []
         self.map = os.path.join(self.work, "map")
         self.command, self.size, self.directory = [program, *arguments], size, directory
-        self.environment = dict(os.environ, BRINDLE_UI_MAP=self.map, LC_ALL="C.UTF-8", **(environment or {}))
+        bare = {"QT_QPA_PLATFORM": "xcb", "QT_QPA_PLATFORMTHEME": "", "QT_STYLE_OVERRIDE": "", "QT_SCALE_FACTOR": "",
+                "XDG_CURRENT_DESKTOP": "", "XDG_CONFIG_HOME": self.work, "XDG_STATE_HOME": self.work}
+        self.environment = dict(os.environ, **bare, BRINDLE_UI_MAP=self.map, LC_ALL="C.UTF-8", **(environment or {}))
 
     def __enter__(self):
         try:
@@ -178,8 +180,16 @@ class Desk:
 
     def _window(self, title):
         search = ["xdotool", "search", "--onlyvisible", "--name", "^" + title + "$"]
-        found = subprocess.run(search, env=self.environment, capture_output=True, text=True, check=True)
-        return found.stdout.split()[-1]
+        found = subprocess.run(search, env=self.environment, capture_output=True, text=True).stdout.split()
+        return found[-1] if found else ""
+
+    def borders(self, title):
+        """What the window manager puts around the frame: left, right, top, bottom."""
+        window = self._window(title)
+        ask = ["xprop", "-id", window, "_NET_FRAME_EXTENTS"]
+        told = subprocess.run(ask, env=self.environment, capture_output=True, text=True).stdout if window else ""
+        numbers = told.partition("=")[2].split(",")
+        return [int(n) for n in numbers] if len(numbers) == 4 else [0, 0, 0, 0]
 
     def move(self, title, x, y):
         """Puts the frame's window there on the screen."""

@@ -125,8 +125,9 @@ QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_charact
 }
 
 QComboBox *CommandWindow::add_choice(const QString &label, const QStringList &options) {
-    add_label(label);
+    QLabel *before = add_label(label);
     auto *choice = new QComboBox;
+    before->setBuddy(choice);
     choice->addItems(options);
     choice->setAccessibleName(label);
     add_widget(choice);
