@@ -5,7 +5,6 @@
 #include <QtWidgets>
 
 #include "drawing/colours.hpp"
-#include "support/test_corpus.hpp"
 #include "windows/appearance.hpp"
 #include "windows/batch_box.hpp"
 #include "windows/bracketing_edit.hpp"
@@ -13,56 +12,10 @@
 #include "windows/output_window.hpp"
 #include "windows/search_box.hpp"
 #include "windows/tree_window.hpp"
-#include "windows/workbench.hpp"
+#include "windows_inprocess/workbench_fixture.hpp"
 
 namespace brindle {
 namespace {
-
-const char *const trees =
-    "* ( (S|s(d1,d2) (NP|john NNP/John) (VP VBZ/sleeps)) )\n"
-    "( (S (NP NNP/Mary) (VP VBZ/sees (NP NNP/John))) )\n"
-    "* ( (S|s(d1,d2) (NP|mary NNP/Mary) (VP|walks VBZ/walks)) )\n";
-
-class WorkbenchTest : public testing::Test {
-  protected:
-    WorkbenchTest() {
-        corpus.name = "small.trees";
-        bench.main_window().show();
-    }
-    TreeWindow &open() {
-        TreeWindow &window = bench.open_tree_window();
-        EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
-        QCoreApplication::processEvents();
-        return window;
-    }
-    // The entry of the menu bar; what fills when it is opened is opened.
-    static QAction *entry(QMainWindow &window, const QStringList &path) {
-        QList<QAction *> actions = window.menuBar()->actions();
-        QAction *found = nullptr;
-        for (const QString &name : path) {
-            found = nullptr;
-            for (QAction *action : actions)
-                if (QString(action->text()).remove('&') == name) found = action;
-            if (!found) return nullptr;
-            if (!found->menu()) continue;
-            Q_EMIT found->menu()->aboutToShow();
-            actions = found->menu()->actions();
-        }
-        return found;
-    }
-    // Does something while a notice is up, once it is.
-    static void in_notice(std::function<void(QDialog &)> f) {
-        QTimer::singleShot(0, [f = std::move(f)] {
-            auto *notice = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-            ASSERT_NE(notice, nullptr);
-            f(*notice);
-            if (notice->isVisible()) notice->reject();
-        });
-    }
-
-    test::TestCorpus corpus{trees};
-    Workbench bench{corpus};
-};
 
 TEST_F(WorkbenchTest, the_menu_bar_turns_pages_zooms_and_checks) {
     TreeWindow &window = open();
