@@ -1,6 +1,6 @@
 #include "windows/ui_map_items.hpp"
 
-#include <utility>
+#include <algorithm>
 
 #include "drawing/text.hpp"
 #include "model/path.hpp"
@@ -65,6 +65,7 @@ class ItemWriter {
         start(kind, label, value, widget.isEnabled());
         map_.end(box_on_screen(widget, widget.rect()));
     }
+    void write_check_box(const QCheckBox &box);
     void write_slider(const NumberSlider &slider);
     void write_message(const QLabel &label);
     void write_bar(const QScrollBar &bar);
@@ -84,6 +85,15 @@ class ItemWriter {
 void ItemWriter::start(const char *kind, const QString &label, const QString &value, bool active) {
     map_.start("item").field(frame_).field(kind).field(label).field(value);
     map_.field(active ? "active" : "inactive");
+}
+
+// Behind its label a wide one takes no clicks.
+void ItemWriter::write_check_box(const QCheckBox &box) {
+    start("checkbox", without_mnemonic(box.text()), box.isChecked() ? "1" : "0", box.isEnabled());
+    QRect place = box.rect();
+    place.setWidth(std::min(place.width(), box.sizeHint().width()));
+    if (box.isRightToLeft()) place.moveRight(box.rect().right());
+    map_.end(box_on_screen(box, place));
 }
 
 // The field stands at the left of what counts as the slider: its label is not part of it.
@@ -197,7 +207,7 @@ void ItemWriter::write_canvas(Canvas &canvas) {
 
 bool ItemWriter::write_field(QWidget &widget) {
     if (const auto *box = qobject_cast<QCheckBox *>(&widget)) {
-        item(*box, "checkbox", without_mnemonic(box->text()), box->isChecked() ? "1" : "0");
+        write_check_box(*box);
     } else if (const auto *button = qobject_cast<QAbstractButton *>(&widget)) {
         if (!button->text().isEmpty()) item(*button, "button", without_mnemonic(button->text()));
     } else if (const auto *choice = qobject_cast<QComboBox *>(&widget)) {

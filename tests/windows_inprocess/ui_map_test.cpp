@@ -74,6 +74,19 @@ TEST(ui_map, each_kind_of_item_has_its_label_and_value) {
     EXPECT_TRUE(slider.field_box().contains(at));
 }
 
+TEST(ui_map, a_click_in_the_middle_of_a_check_box_ticks_it) {
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        Column window;
+        auto &box = window.add(new QCheckBox("Check:"));
+        box.setLayoutDirection(direction);
+        window.resize(600, 40);
+        window.show();
+        const QPoint middle = place_of(window, "item").center();
+        QTest::mouseClick(&box, Qt::LeftButton, {}, box.mapFromGlobal(middle));
+        EXPECT_TRUE(box.isChecked()) << direction;
+    }
+}
+
 TEST(ui_map, lists_and_texts_tell_what_is_in_view) {
     Column window;
     auto &list = window.add(new QListWidget, "rows");
