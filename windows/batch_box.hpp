@@ -11,6 +11,8 @@
 #include "propose/selection.hpp"
 #include "windows/command_window.hpp"
 
+class QSpinBox;
+
 namespace brindle {
 
 class NodeRun;

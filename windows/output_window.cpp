@@ -8,6 +8,7 @@ namespace brindle {
 namespace {
 
 constexpr std::size_t most_waiting = std::size_t{1} << 20;
+constexpr std::size_t at_once = std::size_t{1} << 16;  // so much takes some milliseconds
 constexpr int most_characters = 1 << 20;
 constexpr int longest_line = 2000;
 
@@ -33,29 +34,39 @@ OutputWindow::OutputWindow() {
     setWordWrapMode(QTextOption::WrapAnywhere);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     timer_.setSingleShot(true);
-    connect(&timer_, &QTimer::timeout, this, &OutputWindow::flush);
+    connect(&timer_, &QTimer::timeout, this, [this] {
+        if (show_some()) timer_.start(5);
+    });
 }
 
 // A flood keeps its last part only: nobody could have read the rest.
 void OutputWindow::append_text(std::string_view bytes) {
     waiting_ += bytes;
-    if (waiting_.size() > 2 * most_waiting) waiting_.erase(0, waiting_.size() - most_waiting);
+    if (waiting_.size() > 2 * most_waiting) {
+        const std::size_t first = waiting_.size() - most_waiting;
+        waiting_.erase(0, std::min(waiting_.find('\n', first), first + longest_line) + 1);
+    }
     if (!timer_.isActive()) timer_.start(waiting_.size() > 4096 ? 20 : 0);
 }
 
 void OutputWindow::flush() {
-    const std::size_t whole = waiting_.size() - unfinished_tail(waiting_);
-    if (whole == 0) return;
-    const QString text = to_qstring(std::string_view(waiting_).substr(0, whole));
-    waiting_.erase(0, whole);
-    QString shown = with_bearable_lines(text, column_);
-    if (shown.size() > most_characters)
-        shown.remove(0, shown.indexOf('\n', shown.size() - most_characters) + 1);
+    while (show_some()) {
+    }
+}
+
+// Shows the beginning of what waits. False: no whole character waits any more.
+bool OutputWindow::show_some() {
+    std::size_t size = std::min(waiting_.size(), at_once);
+    size -= unfinished_tail(std::string_view(waiting_).substr(0, size));
+    if (size == 0) return false;
+    QString shown = with_bearable_lines(to_qstring(std::string_view(waiting_).substr(0, size)), column_);
+    waiting_.erase(0, size);
     make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.insertText(shown);
     show_end();
+    return !waiting_.empty();
 }
 
 // Removes the first lines, as many as the text that is to come is over the limit.

@@ -24,6 +24,7 @@ class OutputWindow final : public QPlainTextEdit {
     void flush();
 
   private:
+    bool show_some();
     void make_room(int characters);
     void show_end();
 
