@@ -47,14 +47,15 @@ constexpr std::size_t sums_ahead = 16;  // how far ahead of its turn a context o
 
 BulkCounting::BulkCounting(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
 
-void BulkCounting::count_node(Unit *unit, bool checked) {
+void BulkCounting::count_node(std::uint32_t number, bool checked) {
+    Unit &unit = statistics_.unit(number);
     ++stamp_;
-    if (unit->count++ == 0) {
-        units_.push_back(statistics_.number_of(unit));
-        unit->stamp = stamp_;
-        unit->by_tag.group = stamp_;  // of the first node
+    if (unit.count++ == 0) {
+        units_.push_back(number);
+        unit.stamp = stamp_;
+        unit.by_tag.group = stamp_;  // of the first node
     }
-    rise(unit->checked_count, unit->stamp, checked, std::int64_t{stamp_});
+    rise(unit.checked_count, unit.stamp, checked, std::int64_t{stamp_});
 }
 
 void BulkCounting::flush_contexts() {

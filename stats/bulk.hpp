@@ -21,16 +21,16 @@ class BulkCounting {
     // REQUIRES: the statistics are empty, and nobody reads or changes them until `finish`.
     explicit BulkCounting(Corpus &corpus);
 
-    // A node of the tree in hand, its daughters all counted before it.
-    void count_node(Unit *unit, bool checked);
+    // A node of that unit in the tree in hand, its daughters all counted before it.
+    void count_node(std::uint32_t unit, bool checked);
     // The mother context of a node: those of a mother's daughters from the last to the first, when the mother
     // has been counted.
-    void record_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr, std::int32_t nr_of_dtrs,
-                        bool checked) {
-        const std::uint32_t own = statistics_.number_of(unit), above = statistics_.number_of(mother);
-        const std::uint32_t hash = context_hash(own, above, dtr_nr, nr_of_dtrs);
+    void record_context(std::uint32_t unit, std::uint32_t mother, std::uint32_t dtr_nr,
+                        std::uint32_t nr_of_dtrs, bool checked) {
+        const auto nr = static_cast<std::int32_t>(dtr_nr), of = static_cast<std::int32_t>(nr_of_dtrs);
+        const std::uint32_t hash = context_hash(unit, mother, nr, of);
         statistics_.contexts.fetch_slot(hash);
-        waiting_.push_back({own, above, dtr_nr, nr_of_dtrs, hash, checked});
+        waiting_.push_back({unit, mother, nr, of, hash, checked});
     }
     // The contexts recorded so far are counted. Worth it for some hundred at a time.
     void flush_contexts();
