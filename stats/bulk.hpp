@@ -30,7 +30,7 @@ class BulkCounting {
         const auto nr = static_cast<std::int32_t>(dtr_nr), of = static_cast<std::int32_t>(nr_of_dtrs);
         const std::uint32_t hash = context_hash(unit, mother, nr, of);
         statistics_.contexts.fetch_slot(hash);
-        waiting_.push_back({unit, mother, nr, of, hash, checked});
+        waiting_.push_back({unit, mother, nr, of, hash, 1, checked, ++stamp_});
     }
     // The contexts recorded so far are counted. Worth it for some hundred at a time.
     void flush_contexts();
@@ -42,18 +42,21 @@ class BulkCounting {
     void finish();
 
   private:
+    // Occurrences of a context: how many, of these in checked trees, and when one last came or rose.
     struct Waiting {
         std::uint32_t unit, mother;
         std::int32_t dtr_nr, nr_of_dtrs;
         std::uint32_t hash;
-        bool checked;
+        std::int32_t count, checked_count;
+        std::uint32_t stamp;
     };
 
+    void fetch_labels(std::size_t place) const;
     void add_up_units();
     void add_to_pair(Unit &unit);
     void add_up_contexts();
-    void add_to_pair(std::uint32_t number);
-    void rank_units();
+    void rank_words();
+    void rank_pairs();
     void rank_contexts();
 
     Corpus &corpus_;
@@ -61,6 +64,9 @@ class BulkCounting {
     std::vector<Waiting> waiting_;
     std::vector<std::uint32_t> units_;  // those counted, in the order of their first nodes
     std::vector<std::uint32_t> pairs_;  // likewise
+    // Likewise; until it is ranked, the list of an entry has the entry's place here, from 1, for its first.
+    std::vector<LexEntry *> words_;
+    std::vector<std::uint32_t> word_of_;  // of each of units_: that place; 0: it has no word
     std::uint32_t stamp_ = 0;
 };
 
