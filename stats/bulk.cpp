@@ -33,14 +33,6 @@ Groups group_by(std::uint32_t end, std::uint32_t keys, KeyOf &&key_of) {
     return groups;
 }
 
-// The first rise of an element that has none yet, or its latest one.
-template <class Stamp>
-void rise(std::int32_t &checked_count, Stamp &stamp, std::int32_t by, Stamp at) {
-    if (by == 0) return;
-    stamp = checked_count == 0 ? at : std::max(stamp, at);
-    checked_count += by;
-}
-
 // A place in a ranked list: less means further to the front.
 struct Rank {
     std::uint64_t rank;
@@ -62,22 +54,13 @@ constexpr std::uint32_t contexts_at_once = 256;
 
 BulkCounting::BulkCounting(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
 
-void BulkCounting::count_node(std::uint32_t number, bool checked) {
-    Unit &unit = statistics_.unit(number);
-    ++stamp_;
-    if (unit.count++ == 0) {
-        units_.push_back(number);
-        unit.stamp = stamp_;
-        unit.by_tag.group = stamp_;  // of the first node
-    }
-    rise(unit.checked_count, unit.stamp, checked, std::int64_t{stamp_});
-}
-
 void BulkCounting::flush_contexts() {
     Contexts &contexts = statistics_.contexts;
-    for (const Waiting &w : waiting_) contexts.fetch_record(w.hash);
+    for (Waiting &w : waiting_) w.likely = contexts.fetch_record(w.hash);
     for (const Waiting &w : waiting_) {
-        std::uint32_t number = contexts.find(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
+        std::uint32_t number = w.likely;
+        if (!number || !contexts[number].is(w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs))
+            number = contexts.find(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
         if (!number) {
             number = contexts.add(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
             contexts[number].by_unit.group = w.stamp;
@@ -161,7 +144,7 @@ void BulkCounting::add_up_contexts() {
             const std::uint32_t hash = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
             contexts.fetch_slot(hash);
             waiting_.push_back(
-                {pair, c.mother, c.dtr_nr, c.nr_of_dtrs, hash, c.count, c.checked_count, c.by_unit.group});
+                {pair, c.mother, c.dtr_nr, c.nr_of_dtrs, hash, c.count, c.checked_count, c.by_unit.group, 0});
         }
         flush_contexts();
     }

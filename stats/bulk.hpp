@@ -8,6 +8,7 @@
 //
 // Nearly every look at a context would wait for memory. So the contexts of some hundred nodes are looked for
 // at once: the slots of all, then the records of all, are asked for before the first is needed.
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -22,7 +23,16 @@ class BulkCounting {
     explicit BulkCounting(Corpus &corpus);
 
     // A node of that unit in the tree in hand, its daughters all counted before it.
-    void count_node(std::uint32_t unit, bool checked);
+    void count_node(std::uint32_t number, bool checked) {
+        Unit &unit = statistics_.unit(number);
+        ++stamp_;
+        if (unit.count++ == 0) {
+            units_.push_back(number);
+            unit.stamp = stamp_;
+            unit.by_tag.group = stamp_;  // of the first node
+        }
+        rise(unit.checked_count, unit.stamp, checked, std::int64_t{stamp_});
+    }
     // The mother context of a node: those of a mother's daughters from the last to the first, when the mother
     // has been counted.
     void record_context(std::uint32_t unit, std::uint32_t mother, std::uint32_t dtr_nr,
@@ -30,7 +40,7 @@ class BulkCounting {
         const auto nr = static_cast<std::int32_t>(dtr_nr), of = static_cast<std::int32_t>(nr_of_dtrs);
         const std::uint32_t hash = context_hash(unit, mother, nr, of);
         statistics_.contexts.fetch_slot(hash);
-        waiting_.push_back({unit, mother, nr, of, hash, 1, checked, ++stamp_});
+        waiting_.push_back({unit, mother, nr, of, hash, 1, checked, ++stamp_, 0});
     }
     // The contexts recorded so far are counted. Worth it for some hundred at a time.
     void flush_contexts();
@@ -49,7 +59,16 @@ class BulkCounting {
         std::uint32_t hash;
         std::int32_t count, checked_count;
         std::uint32_t stamp;
+        std::uint32_t likely;  // the context's number, most likely; 0: it will be a new one
     };
+
+    // The first rise of an element that has none yet, or its latest one.
+    template <class Stamp>
+    static void rise(std::int32_t &checked_count, Stamp &stamp, std::int32_t by, Stamp at) {
+        if (by == 0) return;
+        stamp = checked_count == 0 ? at : std::max(stamp, at);
+        checked_count += by;
+    }
 
     void fetch_labels(std::size_t place) const;
     void add_up_units();
