@@ -99,9 +99,11 @@ bool NodeBuilder::find_units(const char *end) {
     for (std::size_t from = 0; from < nodes.size(); from += tokens_at_once) {
         const auto some = nodes.subspan(from, std::min(tokens_at_once, nodes.size() - from));
         new_tokens_.clear();
-        for (const FlatNode &flat : some) known_.fetch_token(flat.hash);
-        for (FlatNode &flat : some) {
-            flat.unit = known_.find({flat.token, flat.size}, flat.hash);
+        std::array<std::uint32_t, tokens_at_once> likely;
+        for (std::size_t i = 0; i < some.size(); ++i) likely[i] = known_.fetch_token(some[i].hash);
+        for (std::size_t i = 0; i < some.size(); ++i) {
+            FlatNode &flat = some[i];
+            flat.unit = known_.find({flat.token, flat.size}, flat.hash, likely[i]);
             if (flat.unit)
                 fetch_ahead(&corpus_.units[flat.unit].terminal);
             else if (!parse_new_token(flat, end))

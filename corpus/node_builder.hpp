@@ -16,17 +16,22 @@ class KnownTokens {
   public:
     KnownTokens() : memory_(Pages::huge) {}
 
-    // The number of the token's unit; 0: it has not come before.
-    std::uint32_t find(std::string_view text, std::uint32_t hash) const {
-        const std::uint32_t number = index_.find(hash, [&](std::uint32_t n) {
-            return at(n)->size == text.size() && same_text(text, at(n)->text());
-        });
+    // The number of the token's unit; 0: it has not come before. `likely` is what fetch_token has returned.
+    std::uint32_t find(std::string_view text, std::uint32_t hash, std::uint32_t likely) const {
+        const auto is_it = [&](std::uint32_t number) {
+            return at(number)->size == text.size() && same_text(text, at(number)->text());
+        };
+        const std::uint32_t number = likely && is_it(likely) ? likely : index_.find(hash, is_it);
         return number ? at(number)->unit : 0;
     }
     void add(std::string_view text, std::uint32_t hash, std::uint32_t unit);
     // Ask memory for what find will look at: first the slot, some time later the token that it names.
     void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
-    void fetch_token(std::uint32_t hash) const { fetch_ahead(at(index_.guess(hash))); }
+    std::uint32_t fetch_token(std::uint32_t hash) const {
+        const std::uint32_t number = index_.guess(hash);
+        fetch_ahead(at(number));
+        return number;
+    }
 
   private:
     struct KnownToken {
