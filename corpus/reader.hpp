@@ -53,9 +53,9 @@ class CorpusReader {
     const char *end_;
     NodeBuilder builder_;
     BulkCounting counting_;
-    int amount_ = -1;                 // the number of trees, once it had to be counted
-    bool at_line_start_ = true;       // only blanks stand before p_ on its line
-    bool after_root_ = false;         // the bracket around the tree read last has not been closed yet
+    int amount_ = -1;            // the number of trees, once it had to be counted
+    bool at_line_start_ = true;  // only blanks stand before p_ on its line
+    bool after_root_ = false;    // the bracket around the tree read last has not been closed yet
 };
 
 // Reads a whole corpus from a text into an empty one. Throws FormatError.

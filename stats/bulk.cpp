@@ -50,6 +50,23 @@ constexpr std::uint32_t records_ahead = 16;
 // So many contexts are added up at once.
 constexpr std::uint32_t contexts_at_once = 256;
 
+// Ranks every group for itself: `fetch` asks memory for an element, `rank_of` tells its rank, and `append`
+// gets the elements of each group from the front to the end.
+template <class Fetch, class RankOf, class Append>
+void rank_groups(const Groups &groups, Fetch &&fetch, RankOf &&rank_of, Append &&append) {
+    const std::vector<std::uint32_t> &numbers = groups.numbers;
+    std::vector<Rank> list;
+    for (std::uint32_t key = 1; key + 1 < groups.start.size(); ++key) {
+        list.clear();
+        for (std::uint32_t i = groups.start[key]; i < groups.start[key + 1]; ++i) {
+            if (i + records_ahead < numbers.size()) fetch(numbers[i + records_ahead]);
+            list.push_back(rank_of(numbers[i]));
+        }
+        if (list.size() > 1) std::sort(list.begin(), list.end());
+        for (const Rank &element : list) append(key, element.number);
+    }
+}
+
 }  // namespace
 
 BulkCounting::BulkCounting(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
@@ -151,23 +168,6 @@ void BulkCounting::add_up_contexts() {
 }
 
 // ---------------------------------------------------------------- order
-
-// Every list of some kind in the groups, of group 1 to the last: elements are numbers or places; `fetch` asks
-// for one, `rank` tells its rank, `list` is told the list of a group.
-template <class Fetch, class RankOf, class Append>
-void rank_groups(const Groups &groups, Fetch &&fetch, RankOf &&rank_of, Append &&append) {
-    const std::vector<std::uint32_t> &numbers = groups.numbers;
-    std::vector<Rank> list;
-    for (std::uint32_t key = 1; key + 1 < groups.start.size(); ++key) {
-        list.clear();
-        for (std::uint32_t i = groups.start[key]; i < groups.start[key + 1]; ++i) {
-            if (i + records_ahead < numbers.size()) fetch(numbers[i + records_ahead]);
-            list.push_back(rank_of(numbers[i]));
-        }
-        if (list.size() > 1) std::sort(list.begin(), list.end());
-        for (const Rank &element : list) append(key, element.number);
-    }
-}
 
 // Elements are places of units, from 1.
 void BulkCounting::rank_words() {
