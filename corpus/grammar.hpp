@@ -99,6 +99,8 @@ inline const char *skip_blanks(const char *p, const char *end) {
 }
 
 // Reads one node with everything below it from p on, and leaves p behind it. The builder is told:
+//     const char *skip(const char *p)
+//                     returns the first byte at or behind p that is not blank, or the end
 //     const char *add(const char *p, bool bracketed, bool &has_word, SyntaxFault &fault)
 //                     reads the token at p and adds a node below the open one (the first is the top);
 //                     returns the token's end, or null after a fault
@@ -110,7 +112,7 @@ SyntaxFault parse_node(const char *&p, const char *end, Builder &builder) {
     long open = 0;  // nodes being read
     bool mother_has_word = false;
     while (true) {
-        p = skip_blanks(p, end);
+        p = builder.skip(p);
         if (p == end) return {FaultKind::end_of_text, p};
         if (*p == ')') {
             if (open == 0) return {FaultKind::no_category, p};
@@ -122,7 +124,7 @@ SyntaxFault parse_node(const char *&p, const char *end, Builder &builder) {
         }
         if (mother_has_word) return {FaultKind::word_with_daughters, p};
         const bool bracketed = *p == '(';
-        if (bracketed) p = skip_blanks(p + 1, end);
+        if (bracketed) p = builder.skip(p + 1);
         if (p == end) return {FaultKind::end_of_text, p};
         bool has_word = false;
         SyntaxFault fault;

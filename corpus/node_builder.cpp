@@ -1,173 +1,175 @@
 #include "corpus/node_builder.hpp"
 
-#ifdef __SSE2__
-#include <emmintrin.h>
-#endif
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <span>
 
-#include <array>
-#include <bit>
+#include "corpus/likely_tokens.hpp"
 
 namespace brindle {
 namespace {
 
-// Bytes that end a token wherever it is not inside the brackets of a tag.
-constexpr std::array<bool, 256> ends_token = [] {
-    std::array<bool, 256> ends{};
-    for (unsigned c = 0; c <= 0x20; ++c) ends[c] = true;
-    ends[0x7f] = ends['('] = ends[')'] = true;
-    return ends;
-}();
+// So many tokens are asked for at once.
+constexpr std::size_t tokens_at_once = 64;
 
-bool ends(const char *p) {
-    return ends_token[static_cast<unsigned char>(*p)];
+std::uint32_t unit_of(Corpus &corpus, const Token &token) {
+    Labels &labels = corpus.labels;
+    Label *const syn = labels.intern(token.category);
+    Label *const sem = token.tag.empty() ? nullptr : labels.intern(token.tag);
+    Label *const lex = token.word.empty() ? nullptr : labels.intern(token.word);
+    return corpus.units.number_of(corpus.units.intern(syn, sem, lex));
 }
 
-// The first byte at or behind p that ends a token, or that does not.
-template <bool wanted>
-const char *first_that(const char *p, const char *end) {
-#ifdef __SSE2__
-    const __m128i blank = _mm_set1_epi8(0x20), even = _mm_set1_epi8(static_cast<char>(0xfe)),
-                  open = _mm_set1_epi8('('), del = _mm_set1_epi8(0x7f);
-    for (; end - p >= 16; p += 16) {
-        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i *>(p));
-        const __m128i is_blank = _mm_cmpeq_epi8(_mm_min_epu8(bytes, blank), bytes);
-        const __m128i is_bracket = _mm_cmpeq_epi8(_mm_and_si128(bytes, even), open);
-        const __m128i found = _mm_or_si128(_mm_or_si128(is_blank, is_bracket), _mm_cmpeq_epi8(bytes, del));
-        const auto mask = static_cast<unsigned>(_mm_movemask_epi8(found)) ^ (wanted ? 0u : 0xffffu);
-        if (mask) return p + std::countr_zero(mask);
+// For parse_node: what both ways of reading do with a node.
+struct FlatBuilder {
+    FlatTree &tree;
+    const char *end;
+
+    void open() const { tree.open(); }
+    void close() const { tree.close(); }
+    void leaf() const { tree.leaf(); }
+};
+
+struct ExactBuilder : FlatBuilder {
+    Corpus &corpus;
+
+    const char *skip(const char *p) const { return skip_blanks(p, end); }
+    const char *add(const char *p, bool bracketed, bool &has_word, SyntaxFault &fault) const {
+        Token token;
+        fault = parse_token(p, end, bracketed, BracketedWords::allowed, token);
+        if (fault.kind != FaultKind::none) return nullptr;
+        tree.add(p, 0, bracketed).unit = unit_of(corpus, token);
+        has_word = !token.word.empty();
+        return token.end;
     }
-#endif
-    while (p != end && ends(p) != wanted) ++p;
-    return p;
-}
+};
 
-// Where a token that has come before would end: beyond its tag's brackets, before the next blank. Bytes above
-// 127 count as graphic, and brackets as those of a tag if there is a tag at all: a token of which that is not
-// true is never known.
-const char *likely_end(const char *p, const char *end) {
-    const char *const start = p;
-    p = first_that<true>(p, end);
-    if (p == end || *p != '(' || std::string_view(start, p).find(START_SEM_TAG) == std::string_view::npos)
-        return p;
-    for (long nesting = 0; p != end; ++p) {
-        if (*p == '(')
-            ++nesting;
-        else if (*p == ')' ? nesting-- == 0 : ends(p))
-            break;
+// Finds the tokens where they probably are.
+struct LikelyBuilder : FlatBuilder {
+    const KnownTokens &known;
+
+    const char *skip(const char *p) const { return likely_start(p, end); }
+    const char *add(const char *p, bool bracketed, bool &, SyntaxFault &fault) const {
+        const char *const behind = likely_end(p, end);
+        if (behind == end) {
+            fault = {FaultKind::end_in_label, behind};
+            return nullptr;
+        }
+        const std::string_view text(p, behind);
+        FlatNode &flat = tree.add(p, static_cast<std::uint32_t>(text.size()), bracketed);
+        flat.hash = text_hash(text);
+        known.fetch_slot(flat.hash);
+        return behind;
     }
-    return p;
-}
+};
 
 }  // namespace
 
-void KnownTokens::add(std::string_view text, std::uint32_t hash, Unit *unit) {
+void KnownTokens::add(std::string_view text, std::uint32_t hash, std::uint32_t unit) {
     const std::size_t bytes = sizeof(KnownToken) + text.size() + 7;
     const std::uint32_t number = memory_.add(static_cast<std::uint32_t>(bytes / sizeof(std::uint64_t)));
-    auto *const token = new (&memory_[number])
-        KnownToken{unit, static_cast<std::uint32_t>(text.size()), unit->lex != nullptr};
+    auto *const token = new (&memory_[number]) KnownToken{unit, static_cast<std::uint32_t>(text.size())};
     std::memcpy(reinterpret_cast<char *>(token + 1), text.data(), text.size());
     index_.insert(number, hash);
 }
 
 SyntaxFault NodeBuilder::read(const char *&p, const char *end, int tree) {
-    if (end != end_) ahead_.fill({p, p, 0});
-    end_ = end;
-    tree_ = tree;
-    completed_.clear();
-    const SyntaxFault fault = parse_node(p, end, *this);
-    if (fault.kind != FaultKind::none) drop();
+    const char *behind = p;
+    tree_.clear();
+    LikelyBuilder builder{{tree_, end}, known_};
+    if (parse_node(behind, end, builder).kind != FaultKind::none || !find_units(end))
+        return read_exactly(p, end, tree);
+    p = behind;
+    make_nodes(tree);
+    return {};
+}
+
+SyntaxFault NodeBuilder::read_exactly(const char *&p, const char *end, int tree) {
+    tree_.clear();
+    ExactBuilder builder{{tree_, end}, corpus_};
+    const SyntaxFault fault = parse_node(p, end, builder);
+    if (fault.kind == FaultKind::none) make_nodes(tree);
     return fault;
 }
 
-void NodeBuilder::drop() {
-    for (Node *node : completed_) corpus_.nodes.release(node);
-    for (const OpenNode &open : open_) corpus_.nodes.release(open.node);
-    completed_.clear();
-    open_.clear();
-}
-
-const char *NodeBuilder::add(const char *p, bool bracketed, bool &has_word, SyntaxFault &fault) {
-    Unit *const unit = unit_at(p, bracketed, has_word, fault);
-    if (!unit) return nullptr;
-    last_ = corpus_.nodes.make();
-    last_->set_unit(unit);
-    last_->set_tree(tree_);
-    if (!open_.empty()) {
-        auto &[mother, last_dtr] = open_.back();
-        last_->set_mother(mother);
-        if (last_dtr)
-            last_dtr->set_sister(last_);
-        else
-            mother->set_dtrs(last_);
-        last_dtr = last_;
-        mother->set_nr_of_dtrs(static_cast<std::uint32_t>(mother->nr_of_dtrs()) + 1);
-        last_->set_position(static_cast<std::uint32_t>(mother->nr_of_dtrs()));
+// Finds the units of the likely tokens. False: the tree is another than was thought, or is at fault.
+bool NodeBuilder::find_units(const char *end) {
+    const std::span<FlatNode> nodes(tree_.nodes);
+    for (std::size_t from = 0; from < nodes.size(); from += tokens_at_once) {
+        const auto some = nodes.subspan(from, std::min(tokens_at_once, nodes.size() - from));
+        new_tokens_.clear();
+        std::array<std::uint32_t, tokens_at_once> likely;
+        for (std::size_t i = 0; i < some.size(); ++i) likely[i] = known_.fetch_token(some[i].hash);
+        for (std::size_t i = 0; i < some.size(); ++i) {
+            FlatNode &flat = some[i];
+            flat.unit = known_.find({flat.token, flat.size}, flat.hash, likely[i]);
+            if (flat.unit)
+                fetch_ahead(&corpus_.units[flat.unit].terminal);
+            else if (!parse_new_token(flat, end))
+                return false;
+        }
+        make_units();
     }
-    return p;
+    return std::ranges::none_of(nodes, [&](const FlatNode &flat) {
+        return flat.nr_of_dtrs > 0 && corpus_.units[flat.unit].terminal;
+    });
 }
 
-// The token at p, or the first behind the blanks and brackets there.
-NodeBuilder::LikelyToken NodeBuilder::likely_token(const char *p) {
-    p = first_that<false>(p, end_);
-    const char *const end = likely_end(p, end_);
-    return {p, end, text_hash({p, end})};
-}
-
-// The ring loses the one at its front, and gets another at its back.
-void NodeBuilder::look_ahead() {
-    const LikelyToken &last = ahead_[(next_ahead_ + tokens_ahead - 1) % tokens_ahead];
-    ahead_[next_ahead_] = likely_token(last.end);
-    known_.fetch_slot(ahead_[next_ahead_].hash);
-    next_ahead_ = (next_ahead_ + 1) % tokens_ahead;
-    known_.fetch_token(ahead_[(next_ahead_ + tokens_ahead / 2) % tokens_ahead].hash);
-}
-
-// The token at p. What was taken for tokens between two trees is passed over.
-NodeBuilder::LikelyToken NodeBuilder::take_likely_token(const char *p) {
-    for (std::size_t i = 0; i < tokens_ahead && ahead_[next_ahead_].start < p; ++i) look_ahead();
-    if (ahead_[next_ahead_].start != p) {
-        ahead_.fill({p, p, 0});
-        for (std::size_t i = 0; i < tokens_ahead; ++i) look_ahead();
-    }
-    const LikelyToken token = ahead_[next_ahead_];
-    look_ahead();
-    return token;
-}
-
-// The unit of the token at p, which is left behind it; null after a fault.
-Unit *NodeBuilder::unit_at(const char *&p, bool bracketed, bool &has_word, SyntaxFault &fault) {
-    const LikelyToken likely = take_likely_token(p);
-    const auto *const known = known_.find({likely.start, likely.end}, likely.hash);
-    if (!known || likely.start != p || likely.end == end_) {
-        Unit *const unit = parsed_unit_at(p, bracketed, likely, fault);
-        has_word = unit && unit->lex;
-        return unit;
-    }
-    p = likely.end;
-    has_word = known->has_word;
-    fetch_ahead(&known->unit->count);
-    return known->unit;
-}
-
-// A token that begins with a mark means one thing in brackets and another without, so it is never known.
-Unit *NodeBuilder::parsed_unit_at(const char *&p, bool bracketed, const LikelyToken &likely,
-                                  SyntaxFault &fault) {
+bool NodeBuilder::parse_new_token(FlatNode &flat, const char *end) {
+    const char *const p = flat.token;
+    if (skip_blanks(p, end) != p) return false;
     Token token;
-    fault = parse_token(p, end_, bracketed, BracketedWords::allowed, token);
-    if (fault.kind != FaultKind::none) return nullptr;
-    Unit *const unit = unit_of(token);
-    if (token.end == likely.end && *p != START_SEM_TAG && *p != START_LEX_TAG)
-        known_.add({likely.start, likely.end}, likely.hash, unit);
-    p = token.end;
-    return unit;
+    if (parse_token(p, end, flat.bracketed, BracketedWords::allowed, token).kind != FaultKind::none)
+        return false;
+    NewToken made{flat, {}};
+    const std::array<std::string_view, 3> texts{token.category, token.tag, token.word};
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        made.labels[i] = {texts[i], text_hash(texts[i]), nullptr};
+        corpus_.labels.fetch_slot(made.labels[i].hash);
+    }
+    new_tokens_.push_back(made);
+    return token.end == p + flat.size;
 }
 
-Unit *NodeBuilder::unit_of(const Token &token) {
+// The units of new tokens; each step asks memory for what the next one looks at. A token that begins with a
+// mark means one thing in brackets and another without, so it never becomes known.
+void NodeBuilder::make_units() {
     Labels &labels = corpus_.labels;
-    Label *const syn = labels.intern(token.category);
-    Label *const sem = token.tag.empty() ? nullptr : labels.intern(token.tag);
-    Label *const lex = token.word.empty() ? nullptr : labels.intern(token.word);
-    return corpus_.units.intern(syn, sem, lex);
+    Units &units = corpus_.units;
+    for (const NewToken &token : new_tokens_)
+        for (const NewLabel &label : token.labels) labels.fetch_label(label.hash);
+    for (NewToken &token : new_tokens_) {
+        for (NewLabel &label : token.labels)
+            if (!label.text.empty()) label.label = labels.intern(label.text, label.hash);
+        const auto &[syn, sem, lex] = token.labels;
+        units.fetch_slots(syn.label, sem.label, lex.label);
+    }
+    for (const auto &[flat, parts] : new_tokens_)
+        units.fetch_pair(parts[0].label, parts[1].label, parts[2].label);
+    for (const auto &[flat, parts] : new_tokens_) {
+        const Unit *const unit = units.intern(parts[0].label, parts[1].label, parts[2].label);
+        flat.unit = units.number_of(unit);
+        if (*flat.token != START_SEM_TAG && *flat.token != START_LEX_TAG)
+            known_.add({flat.token, flat.size}, flat.hash, flat.unit);
+    }
+}
+
+void NodeBuilder::make_nodes(int tree) {
+    for (FlatNode &flat : tree_.nodes) {
+        Node *const node = flat.node = corpus_.nodes.make();
+        node->set_unit(&corpus_.units[flat.unit]);
+        node->set_tree(tree);
+        node->set_position(flat.position);
+        node->set_nr_of_dtrs(flat.nr_of_dtrs);
+        if (flat.mother == FlatNode::none) continue;
+        Node *const mother = tree_.nodes[flat.mother].node;
+        node->set_mother(mother);
+        if (flat.left == FlatNode::none)
+            mother->set_dtrs(node);
+        else
+            tree_.nodes[flat.left].node->set_sister(node);
+    }
 }
 
 }  // namespace brindle

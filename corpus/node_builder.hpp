@@ -1,11 +1,11 @@
 #pragma once
-// Makes the nodes of a corpus out of a text, for parse_node (corpus/grammar.hpp).
+// Makes the nodes of a corpus out of a text.
 #include <array>
-#include <span>
 #include <string_view>
 #include <vector>
 
 #include "base/hash_index.hpp"
+#include "corpus/flat_tree.hpp"
 #include "corpus/grammar.hpp"
 #include "model/corpus.hpp"
 
@@ -16,26 +16,29 @@ class KnownTokens {
   public:
     KnownTokens() : memory_(Pages::huge) {}
 
-    struct KnownToken {
-        Unit *unit;
-        std::uint32_t size;
-        bool has_word;
-        const char *text() const { return reinterpret_cast<const char *>(this + 1); }
-    };
-
-    // The token; null: it has not come before. Good until the next call of add.
-    const KnownToken *find(std::string_view text, std::uint32_t hash) const {
-        const std::uint32_t number = index_.find(hash, [&](std::uint32_t n) {
-            return at(n)->size == text.size() && same_text(text, at(n)->text());
-        });
-        return number ? at(number) : nullptr;
+    // The number of the token's unit; 0: it has not come before. `likely` is what fetch_token has returned.
+    std::uint32_t find(std::string_view text, std::uint32_t hash, std::uint32_t likely) const {
+        const auto is_it = [&](std::uint32_t number) {
+            return at(number)->size == text.size() && same_text(text, at(number)->text());
+        };
+        const std::uint32_t number = likely && is_it(likely) ? likely : index_.find(hash, is_it);
+        return number ? at(number)->unit : 0;
     }
-    void add(std::string_view text, std::uint32_t hash, Unit *unit);
+    void add(std::string_view text, std::uint32_t hash, std::uint32_t unit);
     // Ask memory for what find will look at: first the slot, some time later the token that it names.
     void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
-    void fetch_token(std::uint32_t hash) const { fetch_ahead(at(index_.guess(hash))); }
+    std::uint32_t fetch_token(std::uint32_t hash) const {
+        const std::uint32_t number = index_.guess(hash);
+        fetch_ahead(at(number));
+        return number;
+    }
 
   private:
+    struct KnownToken {
+        std::uint32_t unit;
+        std::uint32_t size;
+        const char *text() const { return reinterpret_cast<const char *>(this + 1); }
+    };
     const KnownToken *at(std::uint32_t number) const {
         return reinterpret_cast<const KnownToken *>(&memory_[number]);
     }
@@ -45,59 +48,43 @@ class KnownTokens {
 };
 
 // Most tokens of a corpus have come before, so a token's unit is looked up by its whole text; only a new one
-// is taken apart. And as most looks would wait for memory, the tokens that will probably follow are sought a
-// few ahead, and what looking them up needs is asked for: so a builder reads parts of one text only, from its
-// start to its end.
+// is taken apart. And as most looks would wait for memory, first a whole tree's tokens are found where they
+// probably are, and what looking them up needs is asked for. If a new one turns out to be another than was
+// thought, the tree is read again, token by token.
 class NodeBuilder {
   public:
     explicit NodeBuilder(Corpus &corpus) : corpus_(corpus) {}
 
     // Reads one node with everything below it from p on, and leaves p behind it. Its nodes belong to that
-    // tree (0-based), their labels are not counted. On a fault nothing is left of it.
+    // tree (0-based), their labels are not counted. After a fault there are none.
     SyntaxFault read(const char *&p, const char *end, int tree);
-    // The top of what was read last, and all its nodes in the order in which they were complete.
-    Node *top() const { return completed_.back(); }
-    std::span<Node *const> completed() const { return completed_; }
+    // The same, with nothing guessed.
+    SyntaxFault read_exactly(const char *&p, const char *end, int tree);
 
-    // For parse_node.
-    const char *add(const char *p, bool bracketed, bool &has_word, SyntaxFault &fault);
-    void open() { open_.push_back({last_, nullptr}); }
-    void close() {
-        completed_.push_back(open_.back().node);
-        open_.pop_back();
-    }
-    void leaf() { completed_.push_back(last_); }
+    // What was read last, and its top.
+    const FlatTree &tree() const { return tree_; }
+    Node *top() const { return tree_.nodes.front().node; }
 
   private:
-    struct OpenNode {
-        Node *node;
-        Node *last_dtr;
+    struct NewLabel {
+        std::string_view text;  // empty: none
+        std::uint32_t hash;
+        Label *label;
     };
-    // A token as it will probably be.
-    struct LikelyToken {
-        const char *start = nullptr;
-        const char *end = nullptr;
-        std::uint32_t hash = 0;
+    struct NewToken {
+        FlatNode &flat;
+        std::array<NewLabel, 3> labels;  // category, tag, word
     };
-    static constexpr std::size_t tokens_ahead = 8;  // a power of two
 
-    LikelyToken likely_token(const char *p);
-    void look_ahead();
-    LikelyToken take_likely_token(const char *p);
-    Unit *unit_at(const char *&p, bool bracketed, bool &has_word, SyntaxFault &fault);
-    Unit *parsed_unit_at(const char *&p, bool bracketed, const LikelyToken &likely, SyntaxFault &fault);
-    Unit *unit_of(const Token &token);
-    void drop();
+    bool find_units(const char *end);
+    bool parse_new_token(FlatNode &flat, const char *end);
+    void make_units();
+    void make_nodes(int tree);
 
     Corpus &corpus_;
-    const char *end_ = nullptr;  // of the text
-    int tree_ = 0;
-    std::vector<OpenNode> open_;
-    Node *last_ = nullptr;  // the node added last
-    std::vector<Node *> completed_;
+    FlatTree tree_;
     KnownTokens known_;
-    std::array<LikelyToken, tokens_ahead> ahead_;  // a ring
-    std::size_t next_ahead_ = 0;                   // the place of the next one
+    std::vector<NewToken> new_tokens_;
 };
 
 }  // namespace brindle

@@ -184,20 +184,19 @@ void CorpusReader::read_tree(bool checked) {
     const SyntaxFault fault = builder_.read(p_, end_, corpus_.amount());
     if (fault.kind != FaultKind::none) fail(fault);
     corpus_.trees.push_back({builder_.top(), checked, false});
-    count(builder_.completed(), checked);
+    count(builder_.tree(), checked);
     after_root_ = *start == '(' || p_[-1] != ')';  // a bare root may be ended by the bracket around it
     at_line_start_ = p_[-1] == '\n';
 }
 
-void CorpusReader::count(std::span<Node *const> nodes, bool checked) {
-    for (const Node *node : nodes) {
-        counting_.count_node(node->unit(), checked);
-        const std::int32_t n = node->nr_of_dtrs();
-        if (n == 0) continue;
-        dtrs_.clear();
-        for (const Node *d = node->dtrs(); d; d = d->sister()) dtrs_.push_back(d->unit());
-        for (std::int32_t nr = n; nr > 0; --nr)
-            counting_.record_context(dtrs_[static_cast<std::size_t>(nr) - 1], node->unit(), nr, n, checked);
+// Mothers' contexts come from the last daughter to the first.
+void CorpusReader::count(const FlatTree &tree, bool checked) {
+    for (const std::uint32_t place : tree.completed) {
+        const FlatNode &node = tree.nodes[place];
+        counting_.count_node(node.unit, checked);
+        for (std::uint32_t d = node.last_dtr; d != FlatNode::none; d = tree.nodes[d].left)
+            counting_.record_context(tree.nodes[d].unit, node.unit, tree.nodes[d].position, node.nr_of_dtrs,
+                                     checked);
     }
     if (counting_.waiting() >= contexts_at_once) counting_.flush_contexts();
 }

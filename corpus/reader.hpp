@@ -43,7 +43,7 @@ class CorpusReader {
     bool open_tree(bool &checked);
     void pass_line();
     void read_tree(bool checked);
-    void count(std::span<Node *const> nodes, bool checked);
+    void count(const FlatTree &tree, bool checked);
     void count_trees_exactly();
     [[noreturn]] void fail(const SyntaxFault &fault);
 
@@ -53,10 +53,9 @@ class CorpusReader {
     const char *end_;
     NodeBuilder builder_;
     BulkCounting counting_;
-    std::vector<const Unit *> dtrs_;  // of the node in hand
-    int amount_ = -1;                 // the number of trees, once it had to be counted
-    bool at_line_start_ = true;       // only blanks stand before p_ on its line
-    bool after_root_ = false;         // the bracket around the tree read last has not been closed yet
+    int amount_ = -1;            // the number of trees, once it had to be counted
+    bool at_line_start_ = true;  // only blanks stand before p_ on its line
+    bool after_root_ = false;    // the bracket around the tree read last has not been closed yet
 };
 
 // Reads a whole corpus from a text into an empty one. Throws FormatError.

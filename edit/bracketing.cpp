@@ -32,6 +32,7 @@ namespace {
 struct TokenCheck {
     const char *end;
 
+    const char *skip(const char *p) const { return skip_blanks(p, end); }
     const char *add(const char *p, bool bracketed, bool &has_word, SyntaxFault &fault) const {
         Token token;
         fault = parse_token(p, end, bracketed, BracketedWords::refused, token);

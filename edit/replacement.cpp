@@ -28,7 +28,8 @@ Node *SubtreeReplacement::read(std::string_view bracketing) {
     if (fault.kind != FaultKind::none)
         fault_in_hashtable();  // cannot be: the text has passed the same grammar
     Statistics &statistics = *corpus_.statistics;
-    for (const Node *node : builder.completed()) statistics.count(node->unit(), false);
+    for (const std::uint32_t place : builder.tree().completed)
+        statistics.count(builder.tree().nodes[place].node->unit(), false);
     do_with(builder.top(), [&](const Node *node) { statistics.record_context(node, false); });
     return builder.top();
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "model/node.hpp"
+#include "model/unit_texts.hpp"
 
 namespace brindle {
 
@@ -55,6 +56,7 @@ class Corpus {
     std::vector<Tree> trees;  // in file order
     Labels labels;
     Units units;
+    mutable UnitTexts unit_texts;  // made by writers when they need them
     Nodes nodes;
     std::unordered_map<int, std::string> wordgraphs;  // of trees that have one, by their 0-based numbers
     std::unique_ptr<Statistics> statistics;           // never null

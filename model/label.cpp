@@ -6,8 +6,6 @@
 namespace brindle {
 namespace {
 
-// Labels lie one behind another; a label's number is its place in units of so many bytes.
-constexpr std::size_t alignment = 8;
 constexpr std::size_t most_bytes = std::size_t{1} << 35;
 
 }  // namespace
@@ -24,20 +22,16 @@ std::uint32_t hash(std::string_view text) {
 
 Labels::Labels() : memory_(most_bytes, Pages::huge), used_(alignment) {}  // number 0 is none
 
-Label *Labels::at(std::uint32_t number) const {
-    return reinterpret_cast<Label *>(memory_.data() + alignment * number);
-}
-
-Label *Labels::find(std::string_view text) const {
+Label *Labels::find(std::string_view text, std::uint32_t text_hash) const {
     const auto is_it = [&](std::uint32_t number) {
         return at(number)->size == text.size() && same_text(text, at(number)->text());
     };
-    const std::uint32_t number = index_.find(text_hash(text), is_it);
+    const std::uint32_t number = index_.find(text_hash, is_it);
     return number ? at(number) : nullptr;
 }
 
-Label *Labels::intern(std::string_view text) {
-    if (Label *label = find(text)) return label;
+Label *Labels::intern(std::string_view text, std::uint32_t text_hash) {
+    if (Label *label = find(text, text_hash)) return label;
     const std::size_t size = sizeof(Label) + text.size() + 1;
     const auto number = static_cast<std::uint32_t>(used_ / alignment);
     used_ += (size + alignment - 1) / alignment * alignment;
@@ -47,7 +41,7 @@ Label *Labels::intern(std::string_view text) {
     char *copy = reinterpret_cast<char *>(label + 1);
     std::memcpy(copy, text.data(), text.size());
     copy[text.size()] = '\0';
-    index_.insert(number, text_hash(text));
+    index_.insert(number, text_hash);
     return label;
 }
 

@@ -86,16 +86,31 @@ class Labels {
   public:
     Labels();
 
-    // The one record of a text, made on its first use.
-    Label *intern(std::string_view text);
+    // The one record of a text, made on its first use. The hash is that of text_hash.
+    Label *intern(std::string_view text) { return intern(text, text_hash(text)); }
+    Label *intern(std::string_view text, std::uint32_t hash);
     // The record of a text if it has one, else null. Makes nothing.
-    Label *find(std::string_view text) const;
+    Label *find(std::string_view text) const { return find(text, text_hash(text)); }
+
+    // Ask memory for what intern will look at: first the slot, some time later the label.
+    void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
+    void fetch_label(std::uint32_t hash) const {
+        const Label *const label = at(index_.guess(hash));
+        fetch_ahead(label);
+        fetch_ahead(label->text());
+    }
 
     // Bytes held.
     std::size_t bytes() const { return memory_.size() + index_.bytes(); }
 
   private:
-    Label *at(std::uint32_t number) const;
+    // Labels lie one behind another; a label's number is its place in units of so many bytes.
+    static constexpr std::size_t alignment = 8;
+
+    Label *at(std::uint32_t number) const {
+        return reinterpret_cast<Label *>(memory_.data() + alignment * number);
+    }
+    Label *find(std::string_view text, std::uint32_t hash) const;
 
     ReservedMemory memory_;
     std::size_t used_;

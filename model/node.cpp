@@ -2,8 +2,7 @@
 
 namespace brindle {
 
-Node *Nodes::make() {
-    if (!free_) return add(1);
+Node *Nodes::reuse() {
     Node *const node = free_;
     free_ = node->sister();
     *node = Node();

@@ -63,10 +63,8 @@ static_assert(sizeof(Node) == 32);
 // The nodes of one corpus.
 class Nodes {
   public:
-    // Room for so many new nodes side by side, zeroed; returns the first.
-    Node *add(std::uint32_t n) { return &nodes_[nodes_.add(n)]; }
     // A new zeroed node.
-    Node *make();
+    Node *make() { return free_ ? reuse() : &nodes_[nodes_.add()]; }
     // Takes a node back. Nothing may refer to it any more.
     void release(Node *node);
 
@@ -76,6 +74,8 @@ class Nodes {
     std::size_t bytes() const { return nodes_.bytes(); }
 
   private:
+    Node *reuse();
+
     GrowingArray<Node> nodes_;
     Node *free_ = nullptr;  // linked by sister
 };

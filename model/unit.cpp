@@ -30,6 +30,15 @@ Unit *Units::find_pair(const Label *syn, LabelKind kind, const Label *sem) const
     return find(syn, sem, nullptr, kind == LabelKind::TERM);
 }
 
+void Units::fetch_slots(const Label *syn, const Label *sem, const Label *lex) const {
+    index_.fetch_slot(hash_of(syn, sem, lex, lex != nullptr));
+    if (lex) index_.fetch_slot(hash_of(syn, sem, nullptr, true));
+}
+
+void Units::fetch_pair(const Label *syn, const Label *sem, const Label *lex) const {
+    if (lex) fetch_ahead(&units_[index_.guess(hash_of(syn, sem, nullptr, true))]);
+}
+
 Unit *Units::intern(Label *syn, Label *sem, Label *lex) {
     return intern(syn, sem, lex, lex != nullptr);
 }

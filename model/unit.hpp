@@ -52,6 +52,9 @@ class Units {
 
     // The unit of a node with these labels; `sem` and `lex` may be null.
     Unit *intern(Label *syn, Label *sem, Label *lex);
+    // Ask memory for what intern will look at: first the slots, some time later the pair.
+    void fetch_slots(const Label *syn, const Label *sem, const Label *lex) const;
+    void fetch_pair(const Label *syn, const Label *sem, const Label *lex) const;
     // The pair of a category of that kind and a tag; null if no node ever had them.
     Unit *find_pair(const Label *syn, LabelKind kind, const Label *sem) const;
     // The unit, or null if no node ever had these labels.

@@ -26,9 +26,4 @@ class Proposer {
     CandidateFinder finder_;
 };
 
-// The same for a single tree.
-inline bool batch_propose(Corpus &corpus, int tree) {
-    return Proposer(corpus).propose(tree);
-}
-
 }  // namespace brindle

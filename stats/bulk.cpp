@@ -33,43 +33,58 @@ Groups group_by(std::uint32_t end, std::uint32_t keys, KeyOf &&key_of) {
     return groups;
 }
 
-// The first rise of an element that has none yet, or its latest one.
-template <class Stamp>
-void rise(std::int32_t &checked_count, Stamp &stamp, std::int32_t by, Stamp at) {
-    if (by == 0) return;
-    stamp = checked_count == 0 ? at : std::max(stamp, at);
-    checked_count += by;
-}
+// A place in a ranked list: less means further to the front.
+struct Rank {
+    std::uint64_t rank;
+    std::uint32_t number;
 
-constexpr std::size_t sums_ahead = 16;  // how far ahead of its turn a context of a sum is asked for
+    Rank(std::uint32_t element, std::int32_t checked_count, std::int64_t stamp)
+        : rank(std::uint64_t{~static_cast<std::uint32_t>(checked_count)} << 32 |
+               static_cast<std::uint32_t>(stamp)),
+          number(element) {}
+    bool operator<(const Rank &other) const { return rank < other.rank; }
+};
+
+// How far ahead of their turn records are asked for where one follows the other.
+constexpr std::uint32_t records_ahead = 16;
+// So many contexts are added up at once.
+constexpr std::uint32_t contexts_at_once = 256;
+
+// Ranks every group for itself: `fetch` asks memory for an element, `rank_of` tells its rank, and `append`
+// gets the elements of each group from the front to the end.
+template <class Fetch, class RankOf, class Append>
+void rank_groups(const Groups &groups, Fetch &&fetch, RankOf &&rank_of, Append &&append) {
+    const std::vector<std::uint32_t> &numbers = groups.numbers;
+    std::vector<Rank> list;
+    for (std::uint32_t key = 1; key + 1 < groups.start.size(); ++key) {
+        list.clear();
+        for (std::uint32_t i = groups.start[key]; i < groups.start[key + 1]; ++i) {
+            if (i + records_ahead < numbers.size()) fetch(numbers[i + records_ahead]);
+            list.push_back(rank_of(numbers[i]));
+        }
+        if (list.size() > 1) std::sort(list.begin(), list.end());
+        for (const Rank &element : list) append(key, element.number);
+    }
+}
 
 }  // namespace
 
 BulkCounting::BulkCounting(Corpus &corpus) : corpus_(corpus), statistics_(*corpus.statistics) {}
 
-void BulkCounting::count_node(Unit *unit, bool checked) {
-    ++stamp_;
-    if (unit->count++ == 0) {
-        units_.push_back(statistics_.number_of(unit));
-        unit->stamp = stamp_;
-        unit->by_tag.group = stamp_;  // of the first node
-    }
-    rise(unit->checked_count, unit->stamp, checked, std::int64_t{stamp_});
-}
-
 void BulkCounting::flush_contexts() {
     Contexts &contexts = statistics_.contexts;
-    for (const Waiting &w : waiting_) contexts.fetch_record(w.hash);
+    for (Waiting &w : waiting_) w.likely = contexts.fetch_record(w.hash);
     for (const Waiting &w : waiting_) {
-        ++stamp_;
-        std::uint32_t number = contexts.find(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
+        std::uint32_t number = w.likely;
+        if (!number || !contexts[number].is(w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs))
+            number = contexts.find(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
         if (!number) {
             number = contexts.add(w.hash, w.unit, w.mother, w.dtr_nr, w.nr_of_dtrs);
-            contexts[number].by_unit.group = stamp_;
+            contexts[number].by_unit.group = w.stamp;
         }
         Context &c = contexts[number];
-        ++c.count;
-        rise(c.checked_count, c.by_unit.group, w.checked, stamp_);
+        c.count += w.count;
+        rise(c.checked_count, c.by_unit.group, w.checked_count, w.stamp);
     }
     waiting_.clear();
 }
@@ -78,7 +93,8 @@ void BulkCounting::finish() {
     flush_contexts();
     add_up_units();
     add_up_contexts();
-    rank_units();
+    rank_words();
+    rank_pairs();
     rank_contexts();
     statistics_.continue_stamps(stamp_);
     statistics_.contexts.make_room_for_changes();
@@ -86,23 +102,37 @@ void BulkCounting::finish() {
 
 // ---------------------------------------------------------------- sums
 
+void BulkCounting::fetch_labels(std::size_t place) const {
+    if (place >= units_.size()) return;
+    const Unit &unit = statistics_.unit(units_[place]);
+    fetch_ahead(unit.sem);
+    fetch_ahead(unit.lex);
+}
+
 void BulkCounting::add_up_units() {
-    for (const std::uint32_t number : units_) {
-        Unit &unit = statistics_.unit(number);
+    for (std::size_t i = 0; i < units_.size(); ++i) {
+        fetch_labels(i + records_ahead);
+        Unit &unit = statistics_.unit(units_[i]);
         LabelEntry *category = statistics_.label_entry(unit.syn, unit.category_kind());
         LabelEntry *tag = statistics_.label_entry(unit.sem, LabelKind::SEM);
         for (LabelEntry *entry : {category, tag}) {
             entry->count += unit.count;
             entry->checked_count += unit.checked_count;
         }
-        if (unit.lex) {
-            LexEntry *word = statistics_.lex_entry(unit.lex);
-            word->count += unit.count;
-            word->checked_count += unit.checked_count;
-            add_to_pair(unit);
-        } else {
-            pairs_.push_back(number);
+        if (!unit.lex) {
+            pairs_.push_back(units_[i]);
+            word_of_.push_back(0);
+            continue;
         }
+        LexEntry *word = statistics_.lex_entry(unit.lex);
+        if (word->count == 0) {
+            words_.push_back(word);
+            word->units.first = static_cast<std::uint32_t>(words_.size());
+        }
+        word_of_.push_back(word->units.first);
+        word->count += unit.count;
+        word->checked_count += unit.checked_count;
+        add_to_pair(unit);
     }
 }
 
@@ -116,77 +146,70 @@ void BulkCounting::add_to_pair(Unit &unit) {
     rise(pair.checked_count, pair.stamp, unit.checked_count, unit.stamp);
 }
 
-// The contexts of words, once more for their pairs; three stages, each some contexts ahead of the next.
+// The contexts of words, once more for their pairs.
 void BulkCounting::add_up_contexts() {
     Contexts &contexts = statistics_.contexts;
-    std::vector<std::uint32_t> of_words;
-    for (std::uint32_t n = 1; n < contexts.end(); ++n)
-        if (statistics_.unit(contexts[n].unit).lex) of_words.push_back(n);
-    std::vector<std::uint32_t> hashes(of_words.size());
-    const std::size_t size = of_words.size();
-    for (std::size_t i = 0; i < size + 2 * sums_ahead; ++i) {
-        if (i < size) {
-            const Context &c = contexts[of_words[i]];
-            const std::uint32_t pair = statistics_.number_of(statistics_.unit(c.unit).pair);
-            hashes[i] = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
-            contexts.fetch_slot(hashes[i]);
+    const std::uint32_t end = contexts.end();
+    for (std::uint32_t from = 1; from < end; from += contexts_at_once) {
+        const std::uint32_t to = std::min(from + contexts_at_once, end);
+        for (std::uint32_t n = from; n < to; ++n) fetch_ahead(&statistics_.unit(contexts[n].unit));
+        for (std::uint32_t n = from; n < to; ++n) {
+            const Context &c = contexts[n];
+            const Unit &unit = statistics_.unit(c.unit);
+            if (!unit.lex) continue;
+            const std::uint32_t pair = statistics_.number_of(unit.pair);
+            const std::uint32_t hash = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
+            contexts.fetch_slot(hash);
+            waiting_.push_back(
+                {pair, c.mother, c.dtr_nr, c.nr_of_dtrs, hash, c.count, c.checked_count, c.by_unit.group, 0});
         }
-        if (const std::size_t second = i - sums_ahead; second < size) contexts.fetch_record(hashes[second]);
-        if (const std::size_t last = i - 2 * sums_ahead; last < size) add_to_pair(of_words[last]);
+        flush_contexts();
     }
-}
-
-void BulkCounting::add_to_pair(std::uint32_t number) {
-    Contexts &contexts = statistics_.contexts;
-    const Context c = contexts[number];
-    const std::uint32_t pair = statistics_.number_of(statistics_.unit(c.unit).pair);
-    const std::uint32_t hash = context_hash(pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
-    std::uint32_t sum = contexts.find(hash, pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
-    if (!sum) {
-        sum = contexts.add(hash, pair, c.mother, c.dtr_nr, c.nr_of_dtrs);
-        contexts[sum].by_unit.group = c.by_unit.group;
-    }
-    Context &to = contexts[sum];
-    to.count += c.count;
-    rise(to.checked_count, to.by_unit.group, c.checked_count, c.by_unit.group);
 }
 
 // ---------------------------------------------------------------- order
 
-void BulkCounting::rank_units() {
-    const auto by_rank = [&](std::uint32_t a, std::uint32_t b) {
-        const Unit &x = statistics_.unit(a), &y = statistics_.unit(b);
-        return x.checked_count != y.checked_count ? x.checked_count > y.checked_count : x.stamp < y.stamp;
+// Elements are places of units, from 1.
+void BulkCounting::rank_words() {
+    const auto unit = [&](std::uint32_t place) -> const Unit & {
+        return statistics_.unit(units_[place - 1]);
     };
-    std::sort(units_.begin(), units_.end(), by_rank);
-    std::sort(pairs_.begin(), pairs_.end(), by_rank);
+    const Groups groups =
+        group_by(static_cast<std::uint32_t>(units_.size()) + 1, static_cast<std::uint32_t>(words_.size()) + 1,
+                 [&](std::uint32_t place) { return word_of_[place - 1]; });
+    for (LexEntry *word : words_) word->units = {};
+    auto ranking = statistics_.owner_lists();
+    rank_groups(
+        groups, [&](std::uint32_t place) { fetch_ahead(&unit(place).stamp); },
+        [&](std::uint32_t place) {
+            return Rank(units_[place - 1], unit(place).checked_count, unit(place).stamp);
+        },
+        [&](std::uint32_t word, std::uint32_t n) { ranking.append(words_[word - 1]->units, n); });
+}
+
+void BulkCounting::rank_pairs() {
+    std::vector<Rank> ranks;
+    for (const std::uint32_t n : pairs_)
+        ranks.push_back({n, statistics_.unit(n).checked_count, statistics_.unit(n).stamp});
+    std::sort(ranks.begin(), ranks.end());
     auto owners = statistics_.owner_lists();
     auto tags = statistics_.tag_lists();
-    for (const std::uint32_t n : units_) {
-        const Unit &unit = statistics_.unit(n);
-        if (unit.lex) owners.append(statistics_.word_entry(&unit)->units, n);
-    }
-    for (const std::uint32_t n : pairs_) {
-        const Unit &pair = statistics_.unit(n);
-        owners.append(statistics_.category_entry(&pair)->pairs, n);
-        tags.append(statistics_.tag_entry(&pair)->pairs, n);
+    for (const Rank &rank : ranks) {
+        const Unit &pair = statistics_.unit(rank.number);
+        owners.append(statistics_.category_entry(&pair)->pairs, rank.number);
+        tags.append(statistics_.tag_entry(&pair)->pairs, rank.number);
     }
 }
 
 void BulkCounting::rank_contexts() {
     Contexts &contexts = statistics_.contexts;
-    Groups lists =
+    const Groups groups =
         group_by(contexts.end(), corpus_.units.end(), [&](std::uint32_t n) { return contexts[n].unit; });
     auto ranking = statistics_.context_lists();
-    for (std::uint32_t u = 1; u < corpus_.units.end(); ++u) {
-        const std::span<std::uint32_t> list = lists.group(u);
-        std::sort(list.begin(), list.end(), [&](std::uint32_t a, std::uint32_t b) {
-            const Context &x = contexts[a], &y = contexts[b];
-            return x.checked_count != y.checked_count ? x.checked_count > y.checked_count
-                                                      : x.by_unit.group < y.by_unit.group;
-        });
-        ranking.fill(statistics_.unit(u).contexts, list);
-    }
+    rank_groups(
+        groups, [&](std::uint32_t n) { fetch_ahead(&contexts[n].count); },
+        [&](std::uint32_t n) { return Rank(n, contexts[n].checked_count, contexts[n].by_unit.group); },
+        [&](std::uint32_t unit, std::uint32_t n) { ranking.append(statistics_.unit(unit).contexts, n); });
 }
 
 }  // namespace brindle

@@ -8,6 +8,7 @@
 //
 // Nearly every look at a context would wait for memory. So the contexts of some hundred nodes are looked for
 // at once: the slots of all, then the records of all, are asked for before the first is needed.
+#include <algorithm>
 #include <cstdint>
 #include <span>
 #include <vector>
@@ -21,16 +22,25 @@ class BulkCounting {
     // REQUIRES: the statistics are empty, and nobody reads or changes them until `finish`.
     explicit BulkCounting(Corpus &corpus);
 
-    // A node of the tree in hand, its daughters all counted before it.
-    void count_node(Unit *unit, bool checked);
+    // A node of that unit in the tree in hand, its daughters all counted before it.
+    void count_node(std::uint32_t number, bool checked) {
+        Unit &unit = statistics_.unit(number);
+        ++stamp_;
+        if (unit.count++ == 0) {
+            units_.push_back(number);
+            unit.stamp = stamp_;
+            unit.by_tag.group = stamp_;  // of the first node
+        }
+        rise(unit.checked_count, unit.stamp, checked, std::int64_t{stamp_});
+    }
     // The mother context of a node: those of a mother's daughters from the last to the first, when the mother
     // has been counted.
-    void record_context(const Unit *unit, const Unit *mother, std::int32_t dtr_nr, std::int32_t nr_of_dtrs,
-                        bool checked) {
-        const std::uint32_t own = statistics_.number_of(unit), above = statistics_.number_of(mother);
-        const std::uint32_t hash = context_hash(own, above, dtr_nr, nr_of_dtrs);
+    void record_context(std::uint32_t unit, std::uint32_t mother, std::uint32_t dtr_nr,
+                        std::uint32_t nr_of_dtrs, bool checked) {
+        const auto nr = static_cast<std::int32_t>(dtr_nr), of = static_cast<std::int32_t>(nr_of_dtrs);
+        const std::uint32_t hash = context_hash(unit, mother, nr, of);
         statistics_.contexts.fetch_slot(hash);
-        waiting_.push_back({own, above, dtr_nr, nr_of_dtrs, hash, checked});
+        waiting_.push_back({unit, mother, nr, of, hash, 1, checked, ++stamp_, 0});
     }
     // The contexts recorded so far are counted. Worth it for some hundred at a time.
     void flush_contexts();
@@ -42,18 +52,30 @@ class BulkCounting {
     void finish();
 
   private:
+    // Occurrences of a context: how many, of these in checked trees, and when one last came or rose.
     struct Waiting {
         std::uint32_t unit, mother;
         std::int32_t dtr_nr, nr_of_dtrs;
         std::uint32_t hash;
-        bool checked;
+        std::int32_t count, checked_count;
+        std::uint32_t stamp;
+        std::uint32_t likely;  // the context's number, most likely; 0: it will be a new one
     };
 
+    // The first rise of an element that has none yet, or its latest one.
+    template <class Stamp>
+    static void rise(std::int32_t &checked_count, Stamp &stamp, std::int32_t by, Stamp at) {
+        if (by == 0) return;
+        stamp = checked_count == 0 ? at : std::max(stamp, at);
+        checked_count += by;
+    }
+
+    void fetch_labels(std::size_t place) const;
     void add_up_units();
     void add_to_pair(Unit &unit);
     void add_up_contexts();
-    void add_to_pair(std::uint32_t number);
-    void rank_units();
+    void rank_words();
+    void rank_pairs();
     void rank_contexts();
 
     Corpus &corpus_;
@@ -61,6 +83,9 @@ class BulkCounting {
     std::vector<Waiting> waiting_;
     std::vector<std::uint32_t> units_;  // those counted, in the order of their first nodes
     std::vector<std::uint32_t> pairs_;  // likewise
+    // Likewise; until it is ranked, the list of an entry has the entry's place here, from 1, for its first.
+    std::vector<LexEntry *> words_;
+    std::vector<std::uint32_t> word_of_;  // of each of units_: that place; 0: it has no word
     std::uint32_t stamp_ = 0;
 };
 

@@ -196,7 +196,7 @@ const char *Statistics::fault_below(const RankedList &units, std::uint32_t owner
             ++size;
         }
     }
-    return size == below_.size_of(owner) ? nullptr : "the index by mothers has contexts that do not count";
+    return below_.fault(owner, size);
 }
 
 }  // namespace brindle

@@ -77,8 +77,12 @@ class Contexts {
 
     // For the reader, which looks for many at once: ask memory for a look-up's slot, later for its record.
     void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
-    void fetch_record(std::uint32_t hash) const {
-        if (const std::uint32_t number = index_.guess(hash)) fetch_ahead(&contexts_[number]);
+    // Returns the number that find will most likely return, or 0.
+    std::uint32_t fetch_record(std::uint32_t hash) const {
+        const std::uint32_t number = index_.guess(hash);
+        fetch_ahead(&contexts_[number]);
+        fetch_ahead(&contexts_[number].by_unit.group);
+        return number;
     }
     // Makes room for a quarter more, so that no change of a person at work waits while the index grows.
     void make_room_for_changes() { index_.make_room(index_.size() / 4); }

@@ -169,14 +169,30 @@ bool ContextsBelow::knows(std::uint32_t owner, std::uint32_t context) const {
     return hook.group == group_at(hash, owner, c.mother, c.dtr_nr, c.nr_of_dtrs);
 }
 
-std::uint64_t ContextsBelow::size_of(std::uint32_t owner) const {
-    std::uint64_t size = 0;
+// How many contexts its chain has.
+std::uint32_t ContextsBelow::length_of(const Group &group) const {
+    std::uint32_t length = 0;
+    for (std::uint32_t n = group.first; n; n = next(n)) ++length;
+    return length;
+}
+
+const char *ContextsBelow::fault(std::uint32_t owner, std::uint64_t nr_of_contexts) const {
+    std::uint64_t length = 0;
     for (std::uint32_t path = 1; path < paths_.size(); ++path) {
-        if (paths_[path].owner != owner) continue;
-        for (std::uint32_t group = paths_[path].first; group; group = groups_[group].next)
-            for (std::uint32_t n = groups_[group].first; n; n = next(n)) ++size;
+        const OwnerPath &place = paths_[path];
+        if (place.owner != owner) continue;
+        std::uint32_t nr_of_groups = 0, before = 0;
+        for (std::uint32_t g = place.first; g; before = g, g = groups_[g].next, ++nr_of_groups) {
+            const Group &group = groups_[g];
+            if (group.owner != owner || group.path != path || path_of(group) != place.path)
+                return "a mother stands on another path than its own";
+            if (group.prev != before) return "a path's links back are broken";
+            if (group.size != length_of(group)) return "the number of contexts below a mother is wrong";
+            length += group.size;
+        }
+        if (nr_of_groups != place.size) return "the number of mothers on a path is wrong";
     }
-    return size;
+    return length == nr_of_contexts ? nullptr : "the index by mothers has contexts that do not count";
 }
 
 }  // namespace brindle

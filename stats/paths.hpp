@@ -114,10 +114,10 @@ class ContextsBelow {
     std::uint32_t mother_of(std::uint32_t group) const { return groups_[group].mother; }
     std::uint32_t next_mother(std::uint32_t group) const { return groups_[group].next; }
 
-    // For the verifier: whether the context stands in the group of its place below its mother, and how many
-    // contexts of the owner there are.
+    // For the verifier: whether the context stands in the group of its place below its mother; what is wrong
+    // with the groups of an owner that has so many contexts (null: nothing).
     bool knows(std::uint32_t owner, std::uint32_t context) const;
-    std::uint64_t size_of(std::uint32_t owner) const;
+    const char *fault(std::uint32_t owner, std::uint64_t nr_of_contexts) const;
 
     std::size_t bytes() const {
         return hooks_.bytes() + groups_.bytes() + index_.bytes() + paths_.bytes() + path_index_.bytes();
@@ -148,6 +148,10 @@ class ContextsBelow {
     void release_group(std::uint32_t number);
     std::uint32_t path_at(std::uint32_t hash, std::uint32_t owner, const Path &path) const;
     std::uint32_t path_for(std::uint32_t owner, const Path &path);
+    Path path_of(const Group &group) const {
+        return {units_[group.mother].syn, group.dtr_nr, group.nr_of_dtrs};
+    }
+    std::uint32_t length_of(const Group &group) const;
 
     const Units &units_;
     const Contexts &contexts_;

@@ -19,25 +19,43 @@ namespace {
 
 using Out = std::back_insert_iterator<std::string>;
 
-// What `info` counts, node by node.
-struct TreeCounts {
-    long checked_trees = 0, nodes = 0, terminals = 0;
-    long depth = 0;  // levels of the deepest tree
+// Levels of the tree.
+long levels_of(const Tree &tree) {
+    long deepest = 0, level = 1;
+    for (const Node *n = tree.root; n;) {
+        deepest = std::max(deepest, level);
+        if (n->dtrs()) {
+            n = n->dtrs();
+            ++level;
+            continue;
+        }
+        while (n && !n->sister()) n = n->mother(), --level;
+        if (n) n = n->sister();
+    }
+    return deepest;
+}
 
-    void add(const Tree &tree) {
-        checked_trees += tree.checked;
-        long level = 1;
-        for (const Node *n = tree.root; n;) {
-            ++nodes;
-            terminals += n->lex() != nullptr;
-            depth = std::max(depth, level);
-            if (n->dtrs()) {
-                n = n->dtrs();
-                ++level;
-                continue;
-            }
-            while (n && !n->sister()) n = n->mother(), --level;
-            if (n) n = n->sister();
+struct TreeCounts {
+    long checked_trees = 0, depth = 0;
+
+    explicit TreeCounts(const Corpus &corpus) {
+        for (const Tree &tree : corpus.trees) {
+            checked_trees += tree.checked;
+            depth = std::max(depth, levels_of(tree));
+        }
+    }
+};
+
+struct NodeCounts {
+    long terminal = 0, nonterminal = 0;
+
+    explicit NodeCounts(const Units &units) {
+        for (std::uint32_t number = 1; number < units.end(); ++number) {
+            const Unit &unit = units[number];
+            if (unit.lex)
+                terminal += unit.count;
+            else if (!unit.terminal)
+                nonterminal += unit.count;
         }
     }
 };
@@ -113,8 +131,8 @@ class TableWriter {
 
 int run_info(const Options &options) {
     const Session session(options);
-    TreeCounts trees;
-    for (const Tree &tree : session.corpus.trees) trees.add(tree);
+    const TreeCounts trees(session.corpus);
+    const NodeCounts nodes(session.corpus.units);
     const LabelCounts labels(*session.corpus.statistics);
     std::string text;
     const auto line = [&](std::string_view name, long value) {
@@ -122,9 +140,9 @@ int run_info(const Options &options) {
     };
     line("trees", session.corpus.amount());
     line("checked_trees", trees.checked_trees);
-    line("nodes", trees.nodes);
-    line("terminals", trees.terminals);
-    line("nonterminals", trees.nodes - trees.terminals);
+    line("nodes", nodes.terminal + nodes.nonterminal);
+    line("terminals", nodes.terminal);
+    line("nonterminals", nodes.nonterminal);
     line("terminal_categories", labels.terminal);
     line("nonterminal_categories", labels.nonterminal);
     line("tags", labels.tags);

@@ -77,8 +77,8 @@ class TwoPasses {
     }
 
     void read_tree() {
-        NodeBuilder builder(corpus_);  // has met no token before
-        const SyntaxFault fault = builder.read(p_, end_, corpus_.amount());
+        NodeBuilder builder(corpus_);
+        const SyntaxFault fault = builder.read_exactly(p_, end_, corpus_.amount());
         if (fault.kind != FaultKind::none) return fail("", fault.at);
         corpus_.trees.push_back({builder.top(), checked_});
     }

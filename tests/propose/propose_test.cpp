@@ -90,7 +90,7 @@ INSTANTIATE_TEST_SUITE_P(Shapes, LiterallyProposed,
 // Proposes the last tree; its tags in document order, a star before those of selected nodes, and whether
 // there was a break.
 std::string proposed(Corpus &corpus) {
-    const bool has_break = batch_propose(corpus, corpus.amount() - 1);
+    const bool has_break = propose_tree(corpus, corpus.amount() - 1);
     std::string tags;
     for_each_in_subtree(corpus.trees.back().root, [&](const Node *node) {
         tags += (node->selected() ? "*" : "") + std::string(node->sem() ? node->sem()->view() : "-") + " ";
@@ -141,7 +141,7 @@ TEST(Proposal, of_deep_and_wide_trees_needs_no_stack) {
     deep += "W|w/w" + std::string(n + 1, ')');
     for (const std::string &text : {deep, wide + ")"}) {
         TestCorpus c("* (" + text + ")\n(" + text + ")");
-        EXPECT_FALSE(batch_propose(c, 1));
+        EXPECT_FALSE(propose_tree(c, 1));
         EXPECT_EQ(text_of(c.at(".", 1)->sem()), "a");
         EXPECT_EQ(text_of(c.at("1", 1)->sem()), text == deep ? "b" : "w");
     }
@@ -152,7 +152,7 @@ TEST(Proposal, of_the_examples_unchecked_trees_meets_no_break) {
     int proposed = 0;
     for (int t = 0; t < c.amount(); ++t) {
         if (c.tree(t).checked) continue;
-        EXPECT_FALSE(batch_propose(c, t)) << c.text(t);
+        EXPECT_FALSE(propose_tree(c, t)) << c.text(t);
         EXPECT_NE(c.at(".", t)->sem(), nullptr) << c.text(t);
         ++proposed;
     }

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "propose/propose.hpp"
 #include "support/test_corpus.hpp"
 
 namespace brindle::test {
@@ -84,7 +83,7 @@ TEST(report, scores_new_nodes_apart_from_wrong_ones) {
     TestCorpus c(
         "* ( (S|s NP|n/john) )\n* ( (S|t NP|n/john) )\n* ( (S|s NP|n/john) )\n"
         "( (S|t NP|new/john) )\n");
-    batch_propose(c, 3);
+    propose_tree(c, 3);
     ProposalResults results;
     EXPECT_EQ(compare_with_previous(results, c, 3), 1001) << "S is s, which is wrong; NP's tag was new";
     EXPECT_EQ(results.wrong_nonterminals, 1);
