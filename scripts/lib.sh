@@ -35,8 +35,8 @@ install_missing() {
     apt-get install --no-install-recommends --simulate -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
         grep -c '^Inst ' | sed 's/.*/  & packages with what they need/' >&2 || true
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-        -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress
-    [ "${PIPESTATUS[0]}" -eq 0 ] || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
+        -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress ||
+        { grep -Ev '^(dl|pm)status:' "$log" | tail -n 20 >&2; die "Could not install them; see $log"; }
 }
 
 # Says how far something is: one line that is written over on a terminal, else a line every so often.
@@ -73,9 +73,10 @@ logged() {
         [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
         done_=${BASH_REMATCH[1]} all=${BASH_REMATCH[2]}
         progress "built" $((100 * done_ / all))
-    done
-    [ "${PIPESTATUS[0]}" -eq 0 ] ||
-        { grep -E 'error|Error|FAILED' -A 5 "$log" | head -n 60 >&2; die "The build failed; see $log"; }
+    done || {
+        { grep -E 'error|Error|FAILED' -A 5 "$log" || tail -n 20 "$log"; } | head -n 60 >&2 || true
+        die "The build failed; see $log"
+    }
 }
 
 # Builds one preset; further arguments go to the configuration. Quiet unless something is wrong.
