@@ -32,8 +32,9 @@ install_missing() {
     mkdir -p "$top/build"
     local log=$top/build/install.log
     "${as_root[@]}" apt-get update >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "No list of packages; see $log"; }
-    apt-get install --no-install-recommends --simulate -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
-        grep -c '^Inst ' | sed 's/.*/  & packages with what they need/' >&2 || true
+    LC_ALL=C apt-get install --no-install-recommends --assume-no -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
+        sed -nE 's/^.* ([0-9]+) newly installed.*/  \1 packages with what they need/p
+                 s/^Need to get (.*) of archives\.$/  to download: \1/p' >&2 || true
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
         -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress ||
         { grep -Ev '^(dl|pm)status:' "$log" | tail -n 20 >&2; die "Could not install them; see $log"; }
@@ -51,12 +52,11 @@ progress() {
     fi
 }
 
-# Reads what apt-get says on its status descriptor, and how much it has to download.
+# Reads what apt-get says on its status descriptor.
 show_apt_progress() {
     local line rest
     while IFS= read -r line; do
         case $line in
-            "Need to get "*) say "  ${line%%.}" ;;
             dlstatus:*) rest=${line#dlstatus:*:}; progress downloading "${rest%%.*}" ;;
             pmstatus:*) rest=${line#pmstatus:*:}; progress installing "${rest%%.*}" ;;
         esac
