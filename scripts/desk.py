@@ -39,7 +39,7 @@ class Desk:
         self.command, self.size, self.directory = [program, *arguments], size, directory
         bare = {"QT_QPA_PLATFORM": "xcb", "QT_QPA_PLATFORMTHEME": "", "QT_STYLE_OVERRIDE": "", "QT_SCALE_FACTOR": "",
                 "XDG_CURRENT_DESKTOP": "", "XDG_CONFIG_HOME": self.work, "XDG_STATE_HOME": self.work}
-        self.environment = dict(os.environ, **bare, BRINDLE_UI_MAP=self.map, LC_ALL="C.UTF-8", **(environment or {}))
+        self.environment = os.environ | bare | {"BRINDLE_UI_MAP": self.map, "LC_ALL": "C.UTF-8"} | (environment or {})
 
     def __enter__(self):
         try:

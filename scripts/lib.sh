@@ -32,11 +32,12 @@ install_missing() {
     mkdir -p "$top/build"
     local log=$top/build/install.log
     "${as_root[@]}" apt-get update >"$log" 2>&1 || { tail -n 20 "$log" >&2; die "No list of packages; see $log"; }
-    apt-get install --no-install-recommends --simulate -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
-        grep -c '^Inst ' | sed 's/.*/  & packages with what they need/' >&2 || true
+    LC_ALL=C apt-get install --no-install-recommends --assume-no -o Debug::NoLocking=1 "${missing[@]}" 2>/dev/null |
+        sed -nE 's/^.* ([0-9]+) newly installed.*/  \1 packages with what they need/p
+                 s/^Need to get (.*) of archives\.$/  to download: \1/p' >&2 || true
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends \
-        -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress
-    [ "${PIPESTATUS[0]}" -eq 0 ] || { tail -n 20 "$log" >&2; die "Could not install them; see $log"; }
+        -o APT::Status-Fd=1 "${missing[@]}" 2>>"$log" | tee -a "$log" | show_apt_progress ||
+        { grep -Ev '^(dl|pm)status:' "$log" | tail -n 20 >&2; die "Could not install them; see $log"; }
 }
 
 # Says how far something is: one line that is written over on a terminal, else a line every so often.
@@ -51,12 +52,11 @@ progress() {
     fi
 }
 
-# Reads what apt-get says on its status descriptor, and how much it has to download.
+# Reads what apt-get says on its status descriptor.
 show_apt_progress() {
     local line rest
     while IFS= read -r line; do
         case $line in
-            "Need to get "*) say "  ${line%%.}" ;;
             dlstatus:*) rest=${line#dlstatus:*:}; progress downloading "${rest%%.*}" ;;
             pmstatus:*) rest=${line#pmstatus:*:}; progress installing "${rest%%.*}" ;;
         esac
@@ -73,9 +73,10 @@ logged() {
         [[ $line =~ ^\[([0-9]+)/([0-9]+)\] ]] || continue
         done_=${BASH_REMATCH[1]} all=${BASH_REMATCH[2]}
         progress "built" $((100 * done_ / all))
-    done
-    [ "${PIPESTATUS[0]}" -eq 0 ] ||
-        { grep -E 'error|Error|FAILED' -A 5 "$log" | head -n 60 >&2; die "The build failed; see $log"; }
+    done || {
+        { grep -E 'error|Error|FAILED' -A 5 "$log" || tail -n 20 "$log"; } | head -n 60 >&2 || true
+        die "The build failed; see $log"
+    }
 }
 
 # Builds one preset; further arguments go to the configuration. Quiet unless something is wrong.

@@ -26,6 +26,8 @@ QPalette light_palette() {
     palette.setColor(QPalette::Highlight, QColor(0x1F5FAF));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::PlaceholderText, QColor(0x606060));
+    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, QColor(0x808080));
     return palette;
 }
 

@@ -20,8 +20,11 @@ void with_tree(TreeWindow &window, Function &&function) {
     if (const Tree *tree = window.current_tree()) do_with(tree->root, function);
 }
 
+// One of several, of which one is marked.
 void add_choice(QMenu &menu, const QString &label, bool chosen, std::function<void()> f) {
     QAction *action = menu.addAction(label, &menu, std::move(f));
+    auto *group = menu.findChild<QActionGroup *>();
+    action->setActionGroup(group ? group : new QActionGroup(&menu));
     action->setCheckable(true);
     action->setChecked(chosen);
 }

@@ -18,7 +18,9 @@ std::string setting_of(const char *part) {
 // The size is that of "font-size" which comes nearest.
 void TreeWindow::choose_font() {
     bool chosen = false;
-    const QFont font = QFontDialog::getFont(&chosen, fonts().word, this, "Font of the trees");
+    QFont now = fonts().word;
+    now.setStyleName(QFontInfo(now).styleName());  // without it the dialog takes the family's first style
+    const QFont font = QFontDialog::getFont(&chosen, now, this, "Font of the trees");
     if (!chosen) return;
     const int pixels = QFontInfo(font).pixelSize();
     int nearest = params_.font_scale, distance = 1000;

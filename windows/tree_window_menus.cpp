@@ -31,6 +31,7 @@ constexpr const char *keys_help =
 // The entry is filled whenever it is opened.
 void fill_when_opened(QMenu &menu, std::function<void(QMenu &)> fill) {
     QObject::connect(&menu, &QMenu::aboutToShow, &menu, [&menu, fill = std::move(fill)] {
+        qDeleteAll(menu.findChildren<QMenu *>(Qt::FindDirectChildrenOnly));
         menu.clear();
         fill(menu);
     });
@@ -116,11 +117,13 @@ void TreeWindow::create_view_menu(QMenu &menu) {
     QMenu *themes = menu.addMenu("Theme");
     const std::pair<const char *, Theme> names[] = {
         {"as the platform has it", Theme::platform}, {"light", Theme::light}, {"dark", Theme::dark}};
-    fill_when_opened(*themes, [this, names](QMenu &filled) {
+    auto *one_theme = new QActionGroup(themes);
+    fill_when_opened(*themes, [this, names, one_theme](QMenu &filled) {
         for (const auto &[name, theme] : names) {
             QAction *action = filled.addAction(
                 name, this, [this, theme = theme] { use_theme(theme, workbench_.settings()); });
             action->setCheckable(true);
+            action->setActionGroup(one_theme);
             action->setChecked(theme_in(workbench_.settings()) == theme);
         }
     });
