@@ -4,8 +4,6 @@
 #include <chrono>
 #include <utility>
 
-#include "windows/ui_map.hpp"
-
 namespace brindle {
 namespace {
 
@@ -80,7 +78,7 @@ void CurrentRun::dispatch() {
     const auto start = steady_clock::now();
     if (start < next_dispatch) return;
     QCoreApplication::processEvents();
-    update_ui_map();
+    if (on_dispatched) on_dispatched();
     const auto end = steady_clock::now();
     next_dispatch =
         end + std::clamp<steady_clock::duration>(4 * (end - start), milliseconds(5), milliseconds(50));
