@@ -192,7 +192,8 @@ class CandidateFinder {
     bool order_next(std::uint32_t place);
     Fitting fitting(std::uint32_t place, std::uint32_t unit, std::uint32_t mother);
 
-    // The share of the context's mother among all that its unit occurs with on the path; 0 in no checked tree.
+    // The share of the context's mother among all that its unit occurs with on the path; 0 in no checked
+    // tree.
     double share_at(std::uint32_t context) {
         const std::int32_t count = statistics_.contexts[context].checked_count;
         return count ? share(count, statistics_.total_on_path(context)) : 0.0;
