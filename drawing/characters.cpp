@@ -2,12 +2,9 @@
 
 #include <QChar>
 #include <QFontDatabase>
-#include <QList>
 #include <QRawFont>
 
 #include <algorithm>
-
-#include "drawing/text.hpp"
 
 namespace brindle {
 
@@ -42,18 +39,6 @@ bool is_drawn(char32_t c) {
 }
 
 }  // namespace
-
-void CharacterSet::add(std::string_view locale_text) {
-    if (std::ranges::all_of(locale_text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) return;
-    for (const char32_t c : to_shown(locale_text).toUcs4()) has_[c] = c >= 0x80;
-}
-
-std::u32string CharacterSet::characters() const {
-    std::u32string characters;
-    for (std::size_t c = 0; c < has_.size(); ++c)
-        if (has_[c] && c != QChar::ReplacementCharacter) characters += static_cast<char32_t>(c);
-    return characters;
-}
 
 std::u32string characters_without_font(const CharacterSet &set, const QFont &usual) {
     std::u32string missing = set.characters();

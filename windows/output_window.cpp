@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/text.hpp"
 #include "drawing/text.hpp"
 
 namespace brindle {
