@@ -17,7 +17,7 @@ CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
 PAIRS = re.compile(r"\{" + STRING + r", (?:Theme|\d)")
 # The answers of notices.
 # Where messages are made that a person may meet.
-SPEAKERS = ["windows/*", "display/search", "edit/label_rules", "edit/bracketing",
+SPEAKERS = ["windows/*", "display/search", "display/search_command", "edit/label_rules", "edit/bracketing",
             "corpus/reader", "corpus/saving", "corpus/lattices", "prolog/expansion", "prolog/session", "prolog/session_io"]
 UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory",
           "A workbench for treebanks annotated with meaning."}
