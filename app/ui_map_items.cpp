@@ -214,8 +214,7 @@ void ItemWriter::describe(Canvas &canvas) {
     describe(*canvas.verticalScrollBar());
     canvas.lay_out_now();
     const TreePicture &picture = canvas.picture();
-    const QPointF start = canvas.view_box_of({0, 0, 0, 0}).topLeft();
-    const QRectF part(-start / canvas.zoom(), QSizeF(view.size()) / canvas.zoom());
+    const QRectF part(canvas.picture_place({0, 0}), QSizeF(view.size()) / canvas.zoom());
     const auto label = [](const Label *text) { return text ? to_qstring(text->view()) : QString(); };
     picture.for_each_in(part, [&](const PlacedNode &placed) {
         const Node &node = *placed.node;

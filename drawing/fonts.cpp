@@ -12,7 +12,7 @@ namespace brindle {
 
 namespace {
 
-constexpr std::array<int, nr_of_font_scales> pixels{11, 13, 15, 19};
+constexpr std::array<int, nr_of_font_scales> heights{11, 13, 15, 19};
 
 struct Alias {
     std::string_view name;
@@ -69,12 +69,17 @@ std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale) 
     const auto family = find_family(styled ? name.substr(0, name.size() - style->suffix.size()) : name);
     if (!family) return std::nullopt;
     QFont font = *family;
-    font.setPixelSize(pixels[static_cast<std::size_t>(font_scale)]);
+    font.setPixelSize(heights[static_cast<std::size_t>(font_scale)]);
     font.setItalic(styled && style->italic);
     font.setBold(styled && style->bold && name != start_font);
     QFont category = font;
     category.setBold(true);
     return TreeFonts{category, font, font};
+}
+
+int nearest_font_scale(int pixels) {
+    const auto distance = [pixels](int height) { return std::abs(height - pixels); };
+    return static_cast<int>(std::ranges::min_element(heights, {}, distance) - heights.begin());
 }
 
 }  // namespace brindle

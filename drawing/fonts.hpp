@@ -22,4 +22,7 @@ struct TreeFonts {
 // installed.
 std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale);
 
+// The scale whose fonts come nearest to that height in pixels.
+int nearest_font_scale(int pixels);
+
 }  // namespace brindle

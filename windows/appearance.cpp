@@ -73,12 +73,12 @@ void set_up_appearance(const LookOptions &options, const Settings &settings) {
 }
 
 void use_theme(Theme theme, Settings &settings) {
-    settings.remember("theme", static_cast<int>(theme));
+    settings.setValue("theme", static_cast<int>(theme));
     QApplication::setPalette(palette_of(theme));
 }
 
 Theme theme_in(const Settings &settings) {
-    const int theme = settings.number("theme", 0);
+    const int theme = settings.value("theme", 0).toInt();
     return theme == 1 ? Theme::light : theme == 2 ? Theme::dark : Theme::platform;
 }
 

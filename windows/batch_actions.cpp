@@ -36,9 +36,9 @@ void BatchBox::add_actions() {
     });
     add_action("Propose an annotation",
                [this](const auto &) { run("Proposing away...", brindle::propose_all); });
-    add_action("Propose and evaluate results", [this](const QPushButton &button) {
-        window_in_hand().results_requestor->show_right_of(button);
-    });
+    add_results_requestor();
+    add_action("Propose and evaluate results",
+               [this](const QPushButton &button) { results_->show_right_of(button); });
     add_action("Undo all edits on tree", [this](const auto &) { run("", brindle::undo_edits_all); });
     add_action("Write selection to file", [this](const QPushButton &button) {
         FileRequestor &requestor = *window_in_hand().file_requestor;
@@ -57,7 +57,7 @@ void BatchBox::propose_and_evaluate_into(const std::string &name) {
     Workbench &workbench = window.workbench();
     OutputFile file(name);
     if (!file.ok()) return tell_cannot_open(name, window);
-    window.results_requestor->hide();
+    results_->hide();
     const SelectionChoice chosen = choice();
     std::string report;
     run("Proposing away, and evaluating results...", [&](Run &run) {
@@ -88,10 +88,10 @@ void BatchBox::write_selection(const std::string &name, int format) {
         window.set_footer(fmt::format("Selection written to {}....", name));
 }
 
-ResultsRequestor::ResultsRequestor(TreeWindow &owner)
-    : CommandWindow(owner, "Save evaluation results in:"), name_(add_file_field("File name:", 30)) {
-    add_ok_and_cancel(
-        [this] { window_in_hand().batch_box->propose_and_evaluate_into(to_locale(name_->text())); });
+void BatchBox::add_results_requestor() {
+    results_ = new CommandWindow(window_in_hand(), "Save evaluation results in:");
+    QLineEdit *name = results_->add_file_field("File name:", 30);
+    results_->add_ok_and_cancel([this, name] { propose_and_evaluate_into(to_locale(name->text())); });
 }
 
 }  // namespace brindle

@@ -50,29 +50,21 @@ class BatchBox final : public CommandWindow {
     void begin();
     void show_progress(const std::string &text);
 
+    void add_results_requestor();
     void propose_and_evaluate_into(const std::string &name);
     void write_selection(const std::string &name, int format);
     void start_node_run(NodeRunKind kind, bool roots_only);
     void show_answer(const Node *node, std::string_view text);
-    friend class ResultsRequestor;
 
     QComboBox *types_, *selection_;
     NumberSlider *from_, *to_, *size_;
     QLabel *amount_, *size_label_, *seed_label_;
     QSpinBox *seed_;
     QPushButton *abort_;
+    CommandWindow *results_;  // "Save evaluation results in:"
     std::vector<int> trees_;  // of the run, in the order of processing
     int taken_ = 0;
     QElapsedTimer shown_;  // since the footer was written
-};
-
-// "Save evaluation results in:".
-class ResultsRequestor final : public CommandWindow {
-  public:
-    explicit ResultsRequestor(TreeWindow &owner);
-
-  private:
-    QLineEdit *name_;
 };
 
 }  // namespace brindle

@@ -97,11 +97,9 @@ QAccessibleInterface *CanvasAccessible::item(const Node *node) const {
     if (!node || !shown_root || !canvas()->picture().layout()->find(node)) return nullptr;
     if (shown_root != root_of_items_) forget_hidden();
     root_of_items_ = shown_root;
-    const auto known = items_.find(node);
-    if (known != items_.end()) return QAccessible::accessibleInterface(known->second);
-    auto *interface = new NodeAccessible(canvas(), node);  // deleted with its id
-    items_.emplace(node, QAccessible::registerAccessibleInterface(interface));
-    return interface;
+    const auto [at, is_new] = items_.try_emplace(node);
+    if (is_new) at->second = QAccessible::registerAccessibleInterface(new NodeAccessible(canvas(), node));
+    return QAccessible::accessibleInterface(at->second);
 }
 
 int CanvasAccessible::indexOfChild(const QAccessibleInterface *child) const {
@@ -112,8 +110,7 @@ QAccessibleInterface *CanvasAccessible::childAt(int x, int y) const {
     if (!root()) return nullptr;
     const TreePicture &picture = canvas()->picture();
     const QPointF at = canvas()->viewport()->mapFromGlobal(QPoint(x, y));
-    const QPointF start = canvas()->view_box_of({}).topLeft();
-    return item(picture.hit((at - start) / canvas()->zoom()).node);
+    return item(picture.hit(canvas()->picture_place(at)).node);
 }
 
 QAccessibleInterface *CanvasAccessible::focusChild() const {

@@ -1,8 +1,8 @@
 // What mouse buttons and keys do on the canvas of a tree window.
+#include "display/information.hpp"
 #include "display/selection.hpp"
+#include "edit/change.hpp"
 #include "model/traversal.hpp"
-#include "windows/copy_mode.hpp"
-#include "windows/information.hpp"
 #include "windows/node_menu.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
@@ -18,19 +18,19 @@ void TreeWindow::pressed(const QMouseEvent &event, const Hit &hit) {
     if (event.button() == Qt::LeftButton) return select_pressed(hit);
     if (event.button() == Qt::RightButton) return menu_pressed(event, hit);
     if (hit.node)
-        show_information(*this, *hit.node, event.modifiers() & Qt::ControlModifier,
+        show_information(*hit.node, event.modifiers() & Qt::ControlModifier,
                          event.globalPosition().toPoint());
 }
 
 void TreeWindow::select_pressed(const Hit &hit) {
-    if (workbench_.copy) return hit.node ? copy_from(*hit.node, *this) : copy_missed(*this);
+    if (workbench_.copy) return hit.node ? copy_from(*hit.node) : copy_missed();
     if (!hit.node) return;
     select_click(hit.node);
     workbench_.repaint_all();
 }
 
 void TreeWindow::menu_pressed(const QMouseEvent &event, const Hit &hit) {
-    if (workbench_.copy) return hit.node ? copy_from(*hit.node, *this) : copy_missed(*this);
+    if (workbench_.copy) return hit.node ? copy_from(*hit.node) : copy_missed();
     menu_place_ = event.globalPosition().toPoint();
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
@@ -79,6 +79,50 @@ bool TreeWindow::key_pressed(const QKeyEvent &event) {
         default:
             return false;
     }
+}
+
+// Page by page; in place, if there is more than one.
+void TreeWindow::show_information(Node &node, bool mothers, QPoint place) {
+    enum Answer { ok = 0, more = 1 };
+    const auto page_with_more = [&](std::string_view page) {
+        return brindle::ask(this,
+                            {.message = std::string(page) + "\n...",
+                             .buttons = {{"More..", more}, {"Ok", ok}},
+                             .silent = true},
+                            place) == more;
+    };
+    const auto last_page = information(corpus(), &node, info_mode, mothers, page_with_more);
+    if (last_page) tell_at(&node, *last_page, true);
+}
+
+// ---------------------------------------------------------------- the copy mode
+
+void TreeWindow::begin_copy(Node &node) {
+    set_footer("Click on the node whose annotation \033\n\t\t\t\t\tyou want to copy to this node.");
+    workbench_.copy = CopyRequest{&node, this};
+}
+
+void TreeWindow::copy_from(Node &clicked) {
+    enum Answer { yes = 1, no = 2, cancel = 3 };
+    const std::string tag(clicked.sem() ? clicked.sem()->view() : "(unlabeled)");
+    const int answer = ask({.message = tag + "\nCopy this annotation?",
+                            .buttons = {{"Yes", yes}, {"No", no}, {"Cancel", cancel}},
+                            .silent = true});
+    if (answer == no || !workbench_.copy) return;
+    const CopyRequest request = *workbench_.copy;
+    if (answer == yes && &clicked == request.node) {
+        tell_at(&clicked, "Interesting choice!", true);
+    } else if (answer == yes) {
+        set_tag(corpus(), request.node, text_of(clicked.sem()));
+        request.window->show_tree(request.node->tree());
+    }
+    workbench_.end_copy();
+}
+
+void TreeWindow::copy_missed() {
+    enum Answer { again = 1, cancel = 3 };
+    const int answer = ask({.message = "You missed!", .buttons = {{"Try again", again}, {"Cancel", cancel}}});
+    if (answer == cancel) workbench_.end_copy();
 }
 
 Node *TreeWindow::first_selected() {

@@ -96,25 +96,22 @@ QLabel *CommandWindow::add_message(const QString &text, bool bold) {
     return label;
 }
 
-QLineEdit *CommandWindow::add_field(const QString &label, int shown_characters) {
+QLineEdit *CommandWindow::add_field(QLineEdit *field, const QString &label, int shown_characters) {
     field_labels_ << add_label(label);
-    auto *field = new QLineEdit;
+    field_labels_.back()->setBuddy(field);
     field->setAccessibleName(label);
     field->setMinimumWidth(shown_characters * fontMetrics().averageCharWidth() + 16);
-    field_labels_.back()->setBuddy(field);
     add_widget(field);
     row_->setStretchFactor(field, 1);
     return field;
 }
 
+QLineEdit *CommandWindow::add_field(const QString &label, int shown_characters) {
+    return add_field(new QLineEdit, label, shown_characters);
+}
+
 QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_characters) {
-    field_labels_ << add_label(label);
-    auto *field = new FileField;
-    field->setAccessibleName(label);
-    field->setMinimumWidth(shown_characters * fontMetrics().averageCharWidth() + 16);
-    field_labels_.back()->setBuddy(field);
-    add_widget(field);
-    row_->setStretchFactor(field, 1);
+    QLineEdit *field = add_field(new FileField, label, shown_characters);
     QPushButton *browse = add_button("Browse...", [this, field] {
         const QString name = QFileDialog::getSaveFileName(this, windowTitle(), field->text(), {}, nullptr,
                                                           QFileDialog::DontConfirmOverwrite);
@@ -178,6 +175,23 @@ void CommandWindow::keyPressEvent(QKeyEvent *event) {
     auto *button = qobject_cast<QPushButton *>(focusWidget());
     if (button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) return button->click();
     QDialog::keyPressEvent(event);
+}
+
+// ---------------------------------------------------------------- one text
+
+void Requestor::ask_for(QLineEdit *field, std::function<void(const std::string &text)> take) {
+    field_ = field;
+    add_ok_and_cancel([this, take = std::move(take)] {
+        hide();
+        take(to_locale(field_->text()));
+    });
+}
+
+void Requestor::open(Node *node) {
+    hide();
+    node_ = node;
+    field_->setFocus();
+    show_at(window_in_hand().menu_place());
 }
 
 }  // namespace brindle

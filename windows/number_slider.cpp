@@ -37,15 +37,6 @@ void NumberSlider::take(int value) {
 int NumberSlider::value() const {
     return field_->value();
 }
-int NumberSlider::minimum() const {
-    return field_->minimum();
-}
-int NumberSlider::maximum() const {
-    return field_->maximum();
-}
-QString NumberSlider::label() const {
-    return label_->text();
-}
 QRect NumberSlider::field_box() const {
     return field_->geometry();
 }

@@ -14,9 +14,6 @@ class NumberSlider final : public QWidget {
     NumberSlider(const QString &label, int min, int max, int value, int scale_width = 130);
 
     int value() const;
-    int minimum() const;
-    int maximum() const;
-    QString label() const;
     QRect field_box() const;  // in this widget
     // Label and field as wide as the other's, so that they stand in columns.
     void align_with(NumberSlider &other);

@@ -1,7 +1,11 @@
 #include "windows/saving.hpp"
 
+#include <fmt/format.h>
+
+#include "base/output_file.hpp"
 #include "corpus/saving.hpp"
 #include "drawing/text.hpp"
+#include "prolog/latex.hpp"
 #include "windows/formulas.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
@@ -75,6 +79,41 @@ FileRequestor::FileRequestor(TreeWindow &owner)
     add_ok_and_cancel([this] {
         if (handler_) handler_(to_locale(name_->text()), static_cast<CorpusFormat>(format_->currentIndex()));
     });
+}
+
+// ---------------------------------------------------------------- LaTeX
+
+namespace {
+
+void write_latex(Requestor &requestor, const std::string &name) {
+    Node *node = requestor.node();
+    if (name.empty() || !may_write(name, requestor)) return;
+    TreeWindow &window = requestor.window_in_hand();
+    OutputFile file(name);
+    const bool written =
+        file.ok() &&
+        file.write(latex_document(node, node->tree(), window.corpus().name, window.shows_punctuation())) &&
+        file.commit();
+    if (written)
+        window.set_footer(fmt::format("{} created", name));
+    else
+        window.ask({.message = fmt::format("cannot write to\n{}\n{}", name, file.error()),
+                    .buttons = {{"Bummer!", 1}}});
+}
+
+}  // namespace
+
+Requestor *new_latex_requestor(TreeWindow &owner) {
+    auto *requestor = new Requestor(owner, "Tree to LaTeX");
+    requestor->add_message("Give filename for LaTeX representation of selected tree");
+    requestor->new_row();
+    requestor->ask_for(requestor->add_file_field("    File:", 30),
+                       [requestor](const std::string &name) { write_latex(*requestor, name); });
+    return requestor;
+}
+
+void export_to_latex(TreeWindow &window, Node &node) {
+    window.latex_requestor->open(&node);
 }
 
 bool may_write(const std::string &name, CommandWindow &requestor) {

@@ -1,5 +1,5 @@
 #pragma once
-// "Save" and "Save as".
+// What writes files from a tree window: "Save", "Save as", "Export to LaTeX".
 #include <functional>
 #include <string>
 
@@ -27,6 +27,10 @@ class FileRequestor final : public CommandWindow {
     QLineEdit *name_;
     QComboBox *format_;
 };
+
+// "Export to LaTeX" of a node's tree: its requestor, which the window owns; and opening that.
+Requestor *new_latex_requestor(TreeWindow &owner);
+void export_to_latex(TreeWindow &window, Node &node);
 
 // True if nothing of that name can be read, or if the user says that it may be overwritten. "No" shows the
 // requestor again, "Cancel" leaves it closed.

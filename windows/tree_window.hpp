@@ -22,16 +22,12 @@ namespace brindle {
 
 class BatchBox;
 class FileRequestor;
-class LatexRequestor;
 class NumberSlider;
-class PredicateRequestor;
-class ResultsRequestor;
+class Requestor;
 class SearchBox;
 class Selector;
 class SizeController;
 class SyntaxEditor;
-class SyntacticTagEditor;
-class TagEditor;
 class Workbench;
 
 class TreeWindow final : public QMainWindow, public TreeView {
@@ -78,6 +74,8 @@ class TreeWindow final : public QMainWindow, public TreeView {
     void set_font_scale(int scale);
     const TreeFonts &fonts() const { return canvas_->picture().fonts(); }
 
+    // "copy": the node awaits a tag.
+    void begin_copy(Node &node);
     // Ends the run of this window; see BatchBox::stop.
     void stop_batch();
     // Takes its syntax editor's lock off the tree that it holds.
@@ -93,18 +91,17 @@ class TreeWindow final : public QMainWindow, public TreeView {
     InfoMode info_mode = InfoMode::none;  // the line of a node that was clicked last
 
     // The command windows.
-    TagEditor *const tag_editor;
+    Requestor *const tag_editor;
     SyntaxEditor *const syntax_editor;
-    SyntacticTagEditor *const syntactic_tag_editor;
+    Requestor *const syntactic_tag_editor;
     FileRequestor *const file_requestor;
-    PredicateRequestor *const predicate_requestor;
-    LatexRequestor *const latex_requestor;
+    Requestor *const predicate_requestor;
+    Requestor *const latex_requestor;
     Selector *const category_selector;
     Selector *const word_selector;
     SizeController *const size_controller;
     SearchBox *const search_box;
     BatchBox *const batch_box;
-    ResultsRequestor *const results_requestor;
 
   protected:
     void closeEvent(QCloseEvent *event) override;
@@ -130,15 +127,19 @@ class TreeWindow final : public QMainWindow, public TreeView {
     void go_to_number();
     // tree_look.cpp: what of the look the user chooses in dialogs
     void choose_font();
-    void choose_colour(const char *name, QColor TreeColours::*part);
+    void create_colour_menu(QMenu &menu);
     void use_chosen_colours();
-    void forget_colours();
 
     // canvas_events.cpp: what presses and keys on the canvas do
     void pressed(const QMouseEvent &event, const Hit &hit);
     void select_pressed(const Hit &hit);
     void menu_pressed(const QMouseEvent &event, const Hit &hit);
     bool key_pressed(const QKeyEvent &event);
+    void copy_from(Node &clicked);
+    void copy_missed();
+    // What the statistics know about the part of a node that was clicked; with `mothers`, of the mothers of
+    // such nodes. `place` is on the screen.
+    void show_information(Node &node, bool mothers, QPoint place);
 
     Workbench &workbench_;
     Canvas *canvas_;

@@ -3,8 +3,6 @@
 
 #include "windows/appearance.hpp"
 #include "windows/batch_box.hpp"
-#include "windows/information.hpp"
-#include "windows/latex_requestor.hpp"
 #include "windows/node_menu.hpp"
 #include "windows/search_box.hpp"
 #include "windows/size_controller.hpp"
@@ -65,9 +63,9 @@ void TreeWindow::create_menus() {
         fill_subtree_menu(menu, *this, *selected);
         menu.addSeparator();
         menu.addAction("information", &menu,
-                       [this, selected] { show_information(*this, *selected, false, menu_place_); });
+                       [this, selected] { show_information(*selected, false, menu_place_); });
         menu.addAction("mothers", &menu,
-                       [this, selected] { show_information(*this, *selected, true, menu_place_); });
+                       [this, selected] { show_information(*selected, true, menu_place_); });
     });
     create_view_menu(*menuBar()->addMenu("&View"));
     QMenu *help = menuBar()->addMenu("&Help");
@@ -106,13 +104,7 @@ void TreeWindow::create_view_menu(QMenu &menu) {
         fill_preferences(filled, *this);
     });
     menu.addAction("Font...", this, [this] { choose_font(); });
-    QMenu *colours = menu.addMenu("Colours");
-    const std::pair<const char *, QColor TreeColours::*> parts[] = {
-        {"category", &TreeColours::category}, {"tag", &TreeColours::tag}, {"word", &TreeColours::word}};
-    for (const auto &[name, part] : parts)
-        colours->addAction(QString("of each %1...").arg(name), this,
-                           [this, name = name, part = part] { choose_colour(name, part); });
-    colours->addAction("the usual ones", this, [this] { forget_colours(); });
+    create_colour_menu(*menu.addMenu("Colours"));
     QMenu *themes = menu.addMenu("Theme");
     const std::pair<const char *, Theme> names[] = {
         {"as the platform has it", Theme::platform}, {"light", Theme::light}, {"dark", Theme::dark}};

@@ -79,6 +79,11 @@ TreeWindow *Workbench::window_of(const TreeView *view) const {
     return at == windows_.end() ? nullptr : *at;
 }
 
+void Workbench::end_copy() {
+    if (copy) copy->window->set_footer("");
+    copy.reset();
+}
+
 void Workbench::repaint_all() {
     for (TreeWindow *window : windows_) window->canvas().refresh();
 }

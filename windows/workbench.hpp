@@ -61,7 +61,10 @@ class Workbench final : private ChangeListener {
     // "Quit": asks if there are unsaved changes. False: the user does not want to.
     bool quit();
 
+    // The copy mode: a tag is copied from the node that is clicked, in any tree window, to the node on which
+    // "copy" was chosen. Only one copy is pending; none: no value.
     std::optional<CopyRequest> copy;
+    void end_copy();  // with its footer
 
   private:
     void changed(const Corpus &corpus, const Change &change) override;

@@ -12,7 +12,7 @@ LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 STRING = r'"((?:[^"\\]|\\.)*)"'
 # What is pressed or chosen: items of windows, entries of menus, the lists of choices and tables.
 ITEM = re.compile(r"(?:add_(?:button|check_box|choice|slider|field|file_field|action|command|size)|addAction|addMenu|NumberSlider"
-                  r"|QPushButton|QCheckBox|CommandWindow)\((?:owner, |\*\w+, )?\s*" + STRING)
+                  r"|QPushButton|QCheckBox|CommandWindow|Requestor)\((?:owner, |\*\w+, |window_in_hand\(\), )?\s*" + STRING)
 CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
 PAIRS = re.compile(r"\{" + STRING + r", (?:Theme|\d)")
 # The answers of notices.
