@@ -1,6 +1,7 @@
 #include "drawing/fonts.hpp"
 
 #include <QFontDatabase>
+#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -16,20 +17,16 @@ constexpr std::array<int, nr_of_font_scales> heights{11, 13, 15, 19};
 
 struct Alias {
     std::string_view name;
-    std::array<const char *, 5> families;  // tried in this order; the last always answers
+    const char *families;  // tried in this order; the last always answers
     QFont::StyleHint hint;
 };
 
 constexpr Alias aliases[] = {
-    {"lucidasans",
-     {"Lucida Sans", "DejaVu Sans", "Liberation Sans", "Nimbus Sans", "sans-serif"},
-     QFont::SansSerif},
-    {"lucida", {"Lucida", "Lucida Sans", "DejaVu Sans", "Liberation Sans", "sans-serif"}, QFont::SansSerif},
-    {"times", {"Liberation Serif", "Nimbus Roman", "Times New Roman", "DejaVu Serif", "serif"}, QFont::Serif},
-    {"courier",
-     {"Liberation Mono", "Nimbus Mono PS", "Courier New", "DejaVu Sans Mono", "monospace"},
-     QFont::Monospace},
-    {"serif", {"DejaVu Serif", "Liberation Serif", "Nimbus Roman", "Times New Roman", "serif"}, QFont::Serif},
+    {"lucidasans", "Lucida Sans,DejaVu Sans,Liberation Sans,Nimbus Sans,sans-serif", QFont::SansSerif},
+    {"lucida", "Lucida,Lucida Sans,DejaVu Sans,Liberation Sans,sans-serif", QFont::SansSerif},
+    {"times", "Liberation Serif,Nimbus Roman,Times New Roman,DejaVu Serif,serif", QFont::Serif},
+    {"courier", "Liberation Mono,Nimbus Mono PS,Courier New,DejaVu Sans Mono,monospace", QFont::Monospace},
+    {"serif", "DejaVu Serif,Liberation Serif,Nimbus Roman,Times New Roman,serif", QFont::Serif},
 };
 
 struct Style {
@@ -52,9 +49,9 @@ std::optional<QFont> find_family(std::string_view name) {
         const QString family = to_qstring(name);
         return installed(family) ? std::optional(QFont(family)) : std::nullopt;
     }
-    const auto found = std::find_if(alias->families.begin(), alias->families.end() - 1,
-                                    [&](const char *f) { return installed(QString::fromLatin1(f)); });
-    QFont font(QString::fromLatin1(*found));
+    const QStringList families = QString(alias->families).split(',');
+    const auto found = std::ranges::find_if(families.begin(), families.end() - 1, installed);
+    QFont font(*found);
     font.setStyleHint(alias->hint);
     return font;
 }

@@ -32,19 +32,36 @@ class PartPainter {
                 TextHeights heights)
         : painter_(painter), colours_(colours), params_(params), heights_(heights) {}
 
-    void add(const TreeLayout &layout, const PlacedNode &placed);
+    void add(const TreeLayout &layout, const PlacedNode &placed) {
+        nodes_.push_back(&placed);
+        // An upright branch one pixel wide covers one column of pixels, not two halves.
+        const double x = placed.x + 0.5;
+        const int y = get_node_y(placed, params_);
+        if (placed.mother >= 0) {
+            const PlacedNode &mother = layout.nodes[static_cast<std::size_t>(placed.mother)];
+            branches_.emplace_back(mother.x + 0.5, branch_start(mother), x, y - heights_.above);
+        }
+        if (placed.node->lex())
+            branches_.emplace_back(x, branch_start(placed), x, y + params_.vdist - heights_.above);
+    }
     void paint_branches();
     void paint_highlights();
     void paint_texts(LabelTexts &texts, TextKind kind);
 
   private:
-    double baseline(const PlacedNode &placed, TextKind kind) const;
-    // Where the branches below a node on that baseline begin: under what hangs from its last line.
+    double baseline(const PlacedNode &placed, TextKind kind) const {
+        const int y = get_node_y(placed, params_);
+        if (kind == TextKind::tag) return y + heights_.above + params_.text_gap;
+        return kind == TextKind::word ? y + params_.vdist : y;
+    }
+    // Where the branches below a node begin: under what hangs from its last line.
     double branch_start(const PlacedNode &placed) const {
         const auto last = placed.node->sem() ? TextKind::tag : TextKind::category;
         return baseline(placed, last) + heights_.below + params_.text_gap;
     }
-    void highlight(double left, double centre, double top, double height);
+    void highlight(double left, double centre, double top, double height) {
+        painter_.fillRect(QRectF(left, top, 2 * (centre - left) + 1, height), colours_.selected_ground);
+    }
 
     QPainter &painter_;
     const TreeColours &colours_;
@@ -53,25 +70,6 @@ class PartPainter {
     std::vector<const PlacedNode *> nodes_;
     std::vector<QLineF> branches_;
 };
-
-double PartPainter::baseline(const PlacedNode &placed, TextKind kind) const {
-    const int y = get_node_y(placed, params_);
-    if (kind == TextKind::tag) return y + heights_.above + params_.text_gap;
-    return kind == TextKind::word ? y + params_.vdist : y;
-}
-
-void PartPainter::add(const TreeLayout &layout, const PlacedNode &placed) {
-    nodes_.push_back(&placed);
-    // An upright branch one pixel wide covers one column of pixels, not two halves.
-    const double x = placed.x + 0.5;
-    const int y = get_node_y(placed, params_);
-    if (placed.mother >= 0) {
-        const PlacedNode &mother = layout.nodes[static_cast<std::size_t>(placed.mother)];
-        branches_.emplace_back(mother.x + 0.5, branch_start(mother), x, y - heights_.above);
-    }
-    if (placed.node->lex())
-        branches_.emplace_back(x, branch_start(placed), x, y + params_.vdist - heights_.above);
-}
 
 void PartPainter::paint_branches() {
     const double width = std::max<double>(params_.line_width, thinnest_line);
@@ -84,10 +82,6 @@ void PartPainter::paint_branches() {
     }
     painter_.setPen(pen);
     painter_.drawLines(branches_.data(), static_cast<int>(branches_.size()));
-}
-
-void PartPainter::highlight(double left, double centre, double top, double height) {
-    painter_.fillRect(QRectF(left, top, 2 * (centre - left) + 1, height), colours_.selected_ground);
 }
 
 void PartPainter::paint_highlights() {

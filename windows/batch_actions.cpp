@@ -25,31 +25,31 @@ void tell_cannot_open(const std::string &name, TreeWindow &window) {
 
 }  // namespace
 
+QPushButton *BatchBox::add_action(const QString &label, std::function<void()> action) {
+    new_row();
+    return add_button(label, std::move(action));
+}
+
 void BatchBox::add_actions() {
-    add_action("Expand all nodes", [this](const auto &) {
+    add_action("Expand all nodes", [this] {
         run("Expanding away...", [this](Run &run) {
             TreeWindow &window = window_in_hand();
-            return expand_all(
-                run, [&window](const ExpansionError &error) { show_error(error, window); },
-                show_hidden_in(window));
+            const auto show = [&window](const ExpansionError &error) { show_error(error, window); };
+            return expand_all(run, show, show_hidden_in(window));
         });
     });
-    add_action("Propose an annotation",
-               [this](const auto &) { run("Proposing away...", brindle::propose_all); });
+    add_action("Propose an annotation", [this] { run("Proposing away...", brindle::propose_all); });
     add_results_requestor();
-    add_action("Propose and evaluate results",
-               [this](const QPushButton &button) { results_->show_right_of(button); });
-    add_action("Undo all edits on tree", [this](const auto &) { run("", brindle::undo_edits_all); });
-    add_action("Write selection to file", [this](const QPushButton &button) {
+    evaluate_ = add_action("Propose and evaluate results", [this] { results_->show_right_of(*evaluate_); });
+    add_action("Undo all edits on tree", [this] { run("", brindle::undo_edits_all); });
+    write_ = add_action("Write selection to file", [this] {
         FileRequestor &requestor = *window_in_hand().file_requestor;
-        requestor.set_handler([this](const std::string &name, CorpusFormat format) {
-            write_selection(name, static_cast<int>(format));
-        });
-        requestor.show_right_of(button);
+        requestor.set_handler(
+            [this](const std::string &name, CorpusFormat format) { write_selection(name, format); });
+        requestor.show_right_of(*write_);
     });
-    add_action("Check tree", [this](const auto &) { run("Checking trees...", brindle::check_all); });
-    add_action(
-        "Uncheck tree", [this](const auto &) { run("Unchecking trees...", brindle::uncheck_all); }, true);
+    add_action("Check tree", [this] { run("Checking trees...", brindle::check_all); });
+    add_button("Uncheck tree", [this] { run("Unchecking trees...", brindle::uncheck_all); });
 }
 
 void BatchBox::propose_and_evaluate_into(const std::string &name) {
@@ -69,7 +69,7 @@ void BatchBox::propose_and_evaluate_into(const std::string &name) {
         tell_of_failed_write({name, file.error()}, window);
 }
 
-void BatchBox::write_selection(const std::string &name, int format) {
+void BatchBox::write_selection(const std::string &name, CorpusFormat format) {
     TreeWindow &window = window_in_hand();
     Workbench &workbench = window.workbench();
     if (const OutputFile probe(name); !probe.ok()) return tell_cannot_open(name, window);
@@ -78,7 +78,7 @@ void BatchBox::write_selection(const std::string &name, int format) {
     run(fmt::format("Writing selection to {}....", name), [&](Run &run) {
         int last = -1;
         const auto evaluate = [&](Node *root) { return evaluate_root(root, window, [&run] { run.stop(); }); };
-        fault = brindle::write_selection(run, name, static_cast<CorpusFormat>(format), evaluate, last);
+        fault = brindle::write_selection(run, name, format, evaluate, last);
         return last;
     });
     if (!workbench.window_of(&window)) return;

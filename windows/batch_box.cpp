@@ -7,11 +7,6 @@
 #include "windows/workbench.hpp"
 
 namespace brindle {
-namespace {
-
-constexpr int slider_width = 130;
-
-}  // namespace
 
 BatchBox::BatchBox(TreeWindow &owner, int trees) : CommandWindow(owner, "Batch processing") {
     add_range(trees);
@@ -26,9 +21,7 @@ BatchBox::BatchBox(TreeWindow &owner, int trees) : CommandWindow(owner, "Batch p
     add_cancel();
     auto *interrupt = new QAction(this);
     interrupt->setShortcut(QKeySequence("Ctrl+C"));
-    connect(interrupt, &QAction::triggered, this, [this] {
-        if (TreeWindow *running = window_in_hand().workbench().run().window()) running->stop_batch();
-    });
+    connect(interrupt, &QAction::triggered, this, [this] { window_in_hand().workbench().stop_batch(); });
     addAction(interrupt);
 }
 
@@ -40,9 +33,9 @@ void BatchBox::add_range(int trees) {
     new_row();
     add_message("Range of trees:", true);
     new_row();
-    from_ = add_slider("From:", 1, trees, 1, slider_width);
+    from_ = add_slider("From:", 1, trees, 1);
     new_row();
-    to_ = add_slider("To:    ", 1, trees, trees, slider_width);
+    to_ = add_slider("To:    ", 1, trees, trees);
     from_->align_with(*to_);
     connect(from_, &NumberSlider::changed, this, &BatchBox::move_start);
     connect(to_, &NumberSlider::changed, this, &BatchBox::move_end);
@@ -55,7 +48,7 @@ void BatchBox::add_random_selection(int trees) {
     new_row();
     size_label_ = add_message("Size of random selection:", true);
     new_row();
-    size_ = add_slider("#", 0, trees, 0, slider_width);
+    size_ = add_slider("#", 0, trees, 0);
     new_row();
     seed_label_ = add_message("Seed:");
     seed_ = new QSpinBox;
@@ -66,12 +59,6 @@ void BatchBox::add_random_selection(int trees) {
     seed_label_->setBuddy(seed_);
     add_widget(seed_);
     set_random(false);
-}
-
-void BatchBox::add_action(const QString &label, Action action, bool same_row) {
-    if (!same_row) new_row();
-    QPushButton *button = add_button(label, {});
-    connect(button, &QPushButton::clicked, this, [button, action = std::move(action)] { action(*button); });
 }
 
 void BatchBox::open(const QWidget &below) {
@@ -103,7 +90,7 @@ void BatchBox::recount() {
 // more.
 void BatchBox::move_start(int from) {
     const int last = corpus().amount();
-    to_->set_minimum(from == last ? last - 1 : from);
+    to_->set_minimum(std::min(from, last - 1));
     if (from == last) to_->set_value(last);
     recount();
 }

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "corpus/formats.hpp"
 #include "propose/run.hpp"
 #include "propose/selection.hpp"
 #include "windows/command_window.hpp"
@@ -39,8 +40,7 @@ class BatchBox final : public CommandWindow {
     void add_random_selection(int trees);
     void add_actions();       // batch_actions.cpp
     void add_node_actions();  // node_runs.cpp
-    using Action = std::function<void(const QPushButton &)>;
-    void add_action(const QString &label, Action action, bool same_row = false);
+    QPushButton *add_action(const QString &label, std::function<void()> action);
 
     void recount();
     void move_start(int from);
@@ -52,7 +52,7 @@ class BatchBox final : public CommandWindow {
 
     void add_results_requestor();
     void propose_and_evaluate_into(const std::string &name);
-    void write_selection(const std::string &name, int format);
+    void write_selection(const std::string &name, CorpusFormat format);
     void start_node_run(NodeRunKind kind, bool roots_only);
     void show_answer(const Node *node, std::string_view text);
 
@@ -60,7 +60,7 @@ class BatchBox final : public CommandWindow {
     NumberSlider *from_, *to_, *size_;
     QLabel *amount_, *size_label_, *seed_label_;
     QSpinBox *seed_;
-    QPushButton *abort_;
+    QPushButton *evaluate_, *write_, *abort_;
     CommandWindow *results_;  // "Save evaluation results in:"
     std::vector<int> trees_;  // of the run, in the order of processing
     int taken_ = 0;

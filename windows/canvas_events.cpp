@@ -2,7 +2,6 @@
 #include "display/information.hpp"
 #include "display/selection.hpp"
 #include "edit/change.hpp"
-#include "model/traversal.hpp"
 #include "windows/node_menu.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
@@ -61,20 +60,16 @@ bool TreeWindow::key_pressed(const QKeyEvent &event) {
             actions_.previous->trigger();
             return true;
         case Qt::Key_Up:
-            canvas_->scroll_by(0, -step);
-            return true;
         case Qt::Key_Down:
-            canvas_->scroll_by(0, step);
+            canvas_->scroll_by(0, event.key() == Qt::Key_Up ? -step : step);
             return true;
         case Qt::Key_Left:
-            canvas_->scroll_by(-step, 0);
-            return true;
         case Qt::Key_Right:
-            canvas_->scroll_by(step, 0);
+            canvas_->scroll_by(event.key() == Qt::Key_Left ? -step : step, 0);
             return true;
         case Qt::Key_C:
             if (event.modifiers() != Qt::ControlModifier) return false;
-            if (TreeWindow *running = workbench_.run().window()) running->stop_batch();
+            workbench_.stop_batch();
             return true;
         default:
             return false;
@@ -123,13 +118,6 @@ void TreeWindow::copy_missed() {
     enum Answer { again = 1, cancel = 3 };
     const int answer = ask({.message = "You missed!", .buttons = {{"Try again", again}, {"Cancel", cancel}}});
     if (answer == cancel) workbench_.end_copy();
-}
-
-Node *TreeWindow::first_selected() {
-    Tree *tree = current_tree();
-    for (Node *node = tree ? tree->root : nullptr; node; node = next_in_document(node, tree->root))
-        if (node->selected()) return node;
-    return nullptr;
 }
 
 }  // namespace brindle

@@ -49,7 +49,7 @@ class CommandWindow : public QDialog {
     QLineEdit *add_file_field(const QString &label, int shown_characters);
     QComboBox *add_choice(const QString &label, const QStringList &options);
     QCheckBox *add_check_box(const QString &label, bool on);
-    NumberSlider *add_slider(const QString &label, int min, int max, int value, int scale_width);
+    NumberSlider *add_slider(const QString &label, int min, int max, int value, int scale_width = 130);
     QPushButton *add_button(const QString &label, std::function<void()> pressed);
     void add_widget(QWidget *widget);
     // "Cancel" does what Escape and the window manager's button do: reject().

@@ -9,14 +9,11 @@
 namespace brindle {
 
 void BatchBox::add_node_actions() {
-    add_action("Filter all nodes through prolog",
-               [this](const auto &) { start_node_run(NodeRunKind::filter, false); });
-    add_action("Filter root-nodes through prolog",
-               [this](const auto &) { start_node_run(NodeRunKind::filter, true); });
-    add_action("Let prolog evaluate all nodes",
-               [this](const auto &) { start_node_run(NodeRunKind::evaluate, false); });
-    add_action("Let prolog evaluate root-nodes",
-               [this](const auto &) { start_node_run(NodeRunKind::evaluate, true); });
+    using enum NodeRunKind;
+    add_action("Filter all nodes through prolog", [this] { start_node_run(filter, false); });
+    add_action("Filter root-nodes through prolog", [this] { start_node_run(filter, true); });
+    add_action("Let prolog evaluate all nodes", [this] { start_node_run(evaluate, false); });
+    add_action("Let prolog evaluate root-nodes", [this] { start_node_run(evaluate, true); });
 }
 
 // Shows Prolog's answer at the node; Control-C in the notice ends the run.

@@ -20,15 +20,28 @@ class Notice final : public QDialog {
     int answer() const { return answer_.value_or(escape_value()); }
 
   protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override {
+        for (const NoticeKey &key : spec_.keys)
+            if (event->keyCombination() == key.key) return take(key.value);
+        QDialog::keyPressEvent(event);
+    }
+    void showEvent(QShowEvent *event) override {
+        QDialog::showEvent(event);
+        default_->setFocus();
+    }
+    void resizeEvent(QResizeEvent *event) override {
+        QDialog::resizeEvent(event);
+        if (points_) setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    }
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
   private:
     void add_message(QVBoxLayout &column);
     void add_buttons(QVBoxLayout &column);
-    void take(int value);
+    void take(int value) {
+        answer_ = value;
+        accept();
+    }
     int escape_value() const;
     void place(const QWidget *owner, std::optional<QPoint> pointed_at);
     void place_at(QPoint at, const QRect &area, QPoint over);
@@ -99,26 +112,10 @@ void Notice::add_buttons(QVBoxLayout &column) {
     column.addLayout(row);
 }
 
-void Notice::take(int value) {
-    answer_ = value;
-    accept();
-}
-
 int Notice::escape_value() const {
     if (spec_.escape_value) return *spec_.escape_value;
     const auto cancel = std::ranges::find(spec_.buttons, "Cancel", &NoticeButton::label);
     return cancel == spec_.buttons.end() ? spec_.buttons.back().value : cancel->value;
-}
-
-void Notice::keyPressEvent(QKeyEvent *event) {
-    for (const NoticeKey &key : spec_.keys)
-        if (event->keyCombination() == key.key) return take(key.value);
-    QDialog::keyPressEvent(event);
-}
-
-void Notice::showEvent(QShowEvent *event) {
-    QDialog::showEvent(event);
-    default_->setFocus();
 }
 
 // Without a place to point at: over the middle of the owner's window.
@@ -167,11 +164,6 @@ QPainterPath Notice::outline() const {
     arrow.addPolygon(QPolygon({end - aside, tip, end + aside}));
     arrow.closeSubpath();
     return path.united(arrow);
-}
-
-void Notice::resizeEvent(QResizeEvent *event) {
-    QDialog::resizeEvent(event);
-    if (points_) setMask(QRegion(outline().toFillPolygon().toPolygon()));
 }
 
 void Notice::paintEvent(QPaintEvent *event) {

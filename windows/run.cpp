@@ -16,24 +16,17 @@ const QWidget *window_of(const QObject *object) {
     return nullptr;
 }
 
-bool is_input(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ContextMenu:
-        case QEvent::Close:
-        case QEvent::InputMethod:
-            return true;
-        default:
-            return false;
-    }
-}
+constexpr QEvent::Type input_types[] = {QEvent::MouseButtonPress,
+                                        QEvent::MouseButtonRelease,
+                                        QEvent::MouseButtonDblClick,
+                                        QEvent::MouseMove,
+                                        QEvent::Wheel,
+                                        QEvent::KeyPress,
+                                        QEvent::KeyRelease,
+                                        QEvent::Shortcut,
+                                        QEvent::ContextMenu,
+                                        QEvent::Close,
+                                        QEvent::InputMethod};
 
 bool is_interrupt(const QEvent &event) {
     if (event.type() != QEvent::KeyPress) return false;
@@ -85,7 +78,7 @@ void CurrentRun::dispatch() {
 }
 
 bool CurrentRun::eventFilter(QObject *object, QEvent *event) {
-    if (!is_input(event->type())) return false;
+    if (std::ranges::find(input_types, event->type()) == std::end(input_types)) return false;
     const QWidget *window = window_of(object);
     if (!window || !is_busy(*window)) return false;
     if (event->type() == QEvent::Close) event->ignore();

@@ -270,14 +270,6 @@ void TreeWindow::set_fonts() {
 
 // ---------------------------------------------------------------- its end
 
-void TreeWindow::stop_batch() {
-    batch_box->stop();
-}
-
-void TreeWindow::release_edited_tree() {
-    syntax_editor->release_tree();
-}
-
 // The window manager's button is "Close".
 void TreeWindow::closeEvent(QCloseEvent *event) {
     event->ignore();

@@ -76,10 +76,6 @@ class TreeWindow final : public QMainWindow, public TreeView {
 
     // "copy": the node awaits a tag.
     void begin_copy(Node &node);
-    // Ends the run of this window; see BatchBox::stop.
-    void stop_batch();
-    // Takes its syntax editor's lock off the tree that it holds.
-    void release_edited_tree();
     void show_corpus_name();
     // Keeps size, fonts and zoom for the next start.
     void remember();
@@ -121,7 +117,6 @@ class TreeWindow final : public QMainWindow, public TreeView {
     void create_canvas();
     QWidget *button_of(QAction *action) const;
     void set_fonts();
-    Node *first_selected();
     bool is_locked();  // the shown tree is open in a syntax editor
     void propose();
     void go_to_number();

@@ -1,6 +1,7 @@
 // The menu bar of a tree window: every command there is.
 #include <QCheckBox>
 
+#include "display/selection.hpp"
 #include "windows/appearance.hpp"
 #include "windows/batch_box.hpp"
 #include "windows/node_menu.hpp"
@@ -51,7 +52,8 @@ void TreeWindow::create_menus() {
     create_tree_menu(*menuBar()->addMenu("&Tree"));
     QMenu *node = menuBar()->addMenu("&Node");
     fill_when_opened(*node, [this](QMenu &menu) {
-        Node *selected = first_selected();
+        const Tree *tree = current_tree();
+        Node *selected = tree ? first_selected(tree->root) : nullptr;
         if (!selected || is_locked()) {
             menu.addAction("Select a node first")->setEnabled(false);
             return;
