@@ -5,11 +5,10 @@
 #include <optional>
 #include <string_view>
 
+#include "display/font_names.hpp"
 #include "display/layout_params.hpp"
 
 namespace brindle {
-
-inline constexpr const char *start_font = "lucidasans-bold";
 
 // The fonts of one tree, of one family and size: what a node is written in.
 struct TreeFonts {

@@ -4,8 +4,6 @@
 #include <cmath>
 #include <vector>
 
-#include "drawing/label_texts.hpp"
-
 namespace brindle {
 
 namespace {
@@ -115,23 +113,18 @@ void PartPainter::paint_texts(LabelTexts &texts, TextKind kind) {
 
 }  // namespace
 
-TreePicture::TreePicture(const TreeFonts &fonts) {
-    set_fonts(fonts);
-}
-
-TreePicture::~TreePicture() = default;
+TreePicture::TreePicture(const TreeFonts &fonts) : measure_(widest_measure(fonts)), texts_(fonts) {}
 
 void TreePicture::set_fonts(const TreeFonts &fonts) {
     forget();
-    fonts_ = fonts;
-    texts_ = std::make_unique<LabelTexts>(fonts);
-    measure_ = std::make_unique<CachedMeasure>(widest_measure(fonts));
+    texts_ = LabelTexts(fonts);
+    measure_.set_measure(widest_measure(fonts));
 }
 
 void TreePicture::lay_out(Node *root, const LayoutParams &params, bool show_punctuation) {
     params_ = params;
     layout_.reset();
-    if (root) layout_ = brindle::lay_out(root, params_, *measure_, show_punctuation);
+    if (root) layout_ = brindle::lay_out(root, params_, measure_, show_punctuation);
 }
 
 QSizeF TreePicture::size() const {
@@ -148,8 +141,8 @@ QPointF TreePicture::place_of(const Node *node) const {
 QRectF TreePicture::category_box(const Node *node) const {
     const PlacedNode *placed = layout_ ? layout_->find(node) : nullptr;
     if (!placed) return {};
-    const double width = texts_->text(node->syn(), TextKind::category).width;
-    const TextHeights heights = texts_->heights();
+    const double width = texts_.text(node->syn(), TextKind::category).width;
+    const TextHeights heights = texts_.heights();
     return {placed->x - width / 2, static_cast<double>(get_node_y(*placed, params_) - heights.above), width,
             static_cast<double>(heights.above + heights.below)};
 }
@@ -157,7 +150,7 @@ QRectF TreePicture::category_box(const Node *node) const {
 QRectF TreePicture::node_box(const Node *node) const {
     QRectF box = category_box(node);
     if (box.isNull() || !node->sem()) return box;
-    const double width = texts_->text(node->sem(), TextKind::tag).width;
+    const double width = texts_.text(node->sem(), TextKind::tag).width;
     const double wider = std::max(0.0, width - box.width()) / 2;
     return box.adjusted(-wider, 0, wider, text_height() + params_.text_gap);
 }
@@ -166,10 +159,6 @@ Hit TreePicture::hit(QPointF at) const {
     if (!layout_) return {};
     const auto whole = [](double d) { return static_cast<int>(std::floor(d)); };
     return find(*layout_, whole(at.x()), whole(at.y()), text_height(), params_);
-}
-
-int TreePicture::text_height() const {
-    return texts_->heights().above;
 }
 
 Clip TreePicture::clip_of(const QRectF &part) {
@@ -183,14 +172,14 @@ void TreePicture::paint(QPainter &painter, const QRectF &part, const TreeColours
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    PartPainter nodes(painter, colours, params_, texts_->heights());
+    PartPainter nodes(painter, colours, params_, texts_.heights());
     for_each_in(part, [&](const PlacedNode &placed) { nodes.add(*layout_, placed); });
     nodes.paint_branches();
     nodes.paint_highlights();
-    const double capitals = texts_->heights().capitals * device_scale(painter);
+    const double capitals = texts_.heights().capitals * device_scale(painter);
     if (!skip_tiny || capitals >= least_text)
         for (const TextKind kind : {TextKind::category, TextKind::tag, TextKind::word})
-            nodes.paint_texts(*texts_, kind);
+            nodes.paint_texts(texts_, kind);
     painter.restore();
 }
 

@@ -1,9 +1,10 @@
-// The actions of the batch box that work in one go.
+// The actions of the batch box.
 #include <fmt/format.h>
 
 #include "base/output_file.hpp"
 #include "corpus/saving.hpp"
 #include "drawing/text.hpp"
+#include "propose/node_run.hpp"
 #include "propose/report.hpp"
 #include "propose/selection_writer.hpp"
 #include "windows/batch_box.hpp"
@@ -31,6 +32,11 @@ QPushButton *BatchBox::add_action(const QString &label, std::function<void()> ac
 }
 
 void BatchBox::add_actions() {
+    using enum NodeRunKind;
+    add_action("Filter all nodes through prolog", [this] { start_node_run(filter, false); });
+    add_action("Filter root-nodes through prolog", [this] { start_node_run(filter, true); });
+    add_action("Let prolog evaluate all nodes", [this] { start_node_run(evaluate, false); });
+    add_action("Let prolog evaluate root-nodes", [this] { start_node_run(evaluate, true); });
     add_action("Expand all nodes", [this] {
         run("Expanding away...", [this](Run &run) {
             TreeWindow &window = window_in_hand();
@@ -92,6 +98,54 @@ void BatchBox::add_results_requestor() {
     results_ = new CommandWindow(window_in_hand(), "Save evaluation results in:");
     QLineEdit *name = results_->add_file_field("File name:", 30);
     results_->add_ok_and_cancel([this, name] { propose_and_evaluate_into(to_locale(name->text())); });
+}
+
+// ---------------------------------------------------------------- runs that Prolog drives
+
+// Shows Prolog's answer at the node; Control-C in the notice ends the run.
+void BatchBox::show_answer(const Node *node, std::string_view text) {
+    enum Answer { ok = 1, abort = 2 };
+    const int answer = window_in_hand().ask_at(node, {.message = std::string(text),
+                                                      .buttons = {{"Ok", ok}},
+                                                      .keys = {{Qt::ControlModifier | Qt::Key_C, abort}},
+                                                      .silent = true});
+    if (answer == abort) stop();
+}
+
+void BatchBox::start_node_run(NodeRunKind kind, bool roots_only) {
+    TreeWindow &window = window_in_hand();
+    Workbench &workbench = window.workbench();
+    if (workbench.prolog().is_busy() || workbench.run().window()) {
+        if (const Tree *tree = window.current_tree())
+            tell_busy(window, tree->root, "Cannot filter this tree, prolog is busy");
+        return;
+    }
+    begin();
+    if (trees_.empty()) return stop();
+    const bool filters = kind == NodeRunKind::filter;
+    const std::string footer = filters ? "Filtering nodes..." : "Evaluating nodes... Press Ctrl-C to abort";
+    window.set_footer(footer);
+    NodeRun::Hooks hooks;
+    hooks.begin_tree = [this, &window, filters, footer](int tree) {
+        show_progress(filters ? footer : std::string());  // an evaluation shows its trees
+        if (filters)
+            window.enter_tree(tree);
+        else
+            window.show_tree(tree);
+    };
+    hooks.send_query = [&window, &workbench](Node *node) {
+        return workbench.prolog().send_query(window.predicate.step_line(node->sem()->view()), &window);
+    };
+    hooks.refused = [&window](Node *node, std::string_view text) { window.tell_at(node, text, false); };
+    hooks.show = [this](Node *node, std::string_view message) { show_answer(node, message); };
+    hooks.finish = [this, &window, filters](int tree) {
+        if (filters && tree >= 0) window.enter_tree(tree);
+        stop();
+    };
+    hooks.broken_off = [this] { stop(); };
+    const auto run = std::make_shared<NodeRun>(corpus(), kind, trees_, roots_only, std::move(hooks));
+    workbench.run().begin(window, [run] { run->stop(); });
+    workbench.prolog().drive(run);
 }
 
 }  // namespace brindle

@@ -13,7 +13,6 @@ BatchBox::BatchBox(TreeWindow &owner, int trees) : CommandWindow(owner, "Batch p
     add_random_selection(trees);
     new_row();
     add_message("Actions:", true);
-    add_node_actions();
     add_actions();
     new_row();
     abort_ = add_button("Abort", [this] { stop(); });

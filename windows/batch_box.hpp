@@ -38,8 +38,7 @@ class BatchBox final : public CommandWindow {
   private:
     void add_range(int trees);
     void add_random_selection(int trees);
-    void add_actions();       // batch_actions.cpp
-    void add_node_actions();  // node_runs.cpp
+    void add_actions();  // batch_actions.cpp
     QPushButton *add_action(const QString &label, std::function<void()> action);
 
     void recount();

@@ -19,12 +19,6 @@ void with_tree(TreeWindow &window, Function &&function) {
     if (const Tree *tree = window.current_tree()) do_with(tree->root, function);
 }
 
-void add_choice(QMenu &menu, const QString &label, bool chosen, std::function<void()> f) {
-    QAction *action = menu.addAction(label, &menu, std::move(f));
-    action->setCheckable(true);
-    action->setChecked(chosen);
-}
-
 constexpr const char *font_styles[] = {"lucida-normal", "lucida-bold",    "lucida-italic", "times-roman",
                                        "times-normal",  "times-bold",     "times-italic",  "courier-normal",
                                        "courier-bold",  "courier-italic", "serif-normal",  "serif-bold",
@@ -37,6 +31,12 @@ struct FontSize {
 constexpr FontSize font_sizes[] = {{"default", 2}, {"small", 0}, {"medium", 1}, {"large", 3}};
 
 }  // namespace
+
+void add_choice(QMenu &menu, const QString &label, bool chosen, std::function<void()> f) {
+    QAction *action = menu.addAction(label, &menu, std::move(f));
+    action->setCheckable(true);
+    action->setChecked(chosen);
+}
 
 void fill_tag_menu(QMenu &menu, TreeWindow &window, Node &node) {
     Corpus &corpus = window.corpus();

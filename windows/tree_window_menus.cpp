@@ -111,12 +111,10 @@ void TreeWindow::create_view_menu(QMenu &menu) {
     const std::pair<const char *, Theme> names[] = {
         {"as the platform has it", Theme::platform}, {"light", Theme::light}, {"dark", Theme::dark}};
     fill_when_opened(*themes, [this, names](QMenu &filled) {
-        for (const auto &[name, theme] : names) {
-            QAction *action = filled.addAction(
-                name, this, [this, theme = theme] { use_theme(theme, workbench_.settings()); });
-            action->setCheckable(true);
-            action->setChecked(theme_in(workbench_.settings()) == theme);
-        }
+        Settings &settings = workbench_.settings();
+        for (const auto &[name, theme] : names)
+            add_choice(filled, name, theme_in(settings) == theme,
+                       [&settings, theme = theme] { use_theme(theme, settings); });
     });
 }
 
