@@ -8,7 +8,6 @@
 #include "drawing/text.hpp"
 
 namespace brindle {
-
 namespace {
 
 constexpr std::array<int, nr_of_font_scales> heights{11, 13, 15, 19};  // in pixels

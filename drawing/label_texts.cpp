@@ -10,7 +10,6 @@
 #include "drawing/text.hpp"
 
 namespace brindle {
-
 namespace {
 
 int up(double pixels) {

@@ -8,7 +8,6 @@
 #include "base/text.hpp"
 
 namespace brindle {
-
 namespace {
 
 // A byte b that is no character is the private character escaped + b.

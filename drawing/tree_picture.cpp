@@ -5,7 +5,6 @@
 #include <vector>
 
 namespace brindle {
-
 namespace {
 
 // What lies between the start of a highlighted text and that of its rectangle, and below the rectangle's

@@ -45,18 +45,19 @@ void BatchBox::add_range(int trees) {
 
 void BatchBox::add_random_selection(int trees) {
     new_row();
-    size_label_ = add_message("Size of random selection:", true);
+    QLabel *size_label = add_message("Size of random selection:", true);
     new_row();
     size_ = add_slider("#", 0, trees, 0);
     new_row();
-    seed_label_ = add_message("Seed:");
+    QLabel *seed_label = add_message("Seed:");
     seed_ = new QSpinBox;
     seed_->setRange(0, 2147483647);
     seed_->setValue(1);
     seed_->setButtonSymbols(QAbstractSpinBox::NoButtons);
     seed_->setAccessibleName("Seed:");
-    seed_label_->setBuddy(seed_);
+    seed_label->setBuddy(seed_);
     add_widget(seed_);
+    random_items_ = {size_label, size_, seed_label, seed_};
     set_random(false);
 }
 
@@ -103,8 +104,7 @@ void BatchBox::move_end(int to) {
 }
 
 void BatchBox::set_random(bool random) {
-    for (QWidget *item : std::initializer_list<QWidget *>{size_label_, size_, seed_label_, seed_})
-        item->setEnabled(random);
+    for (QWidget *item : random_items_) item->setEnabled(random);
 }
 
 // ---------------------------------------------------------------- runs

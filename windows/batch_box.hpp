@@ -57,8 +57,9 @@ class BatchBox final : public CommandWindow {
 
     QComboBox *types_, *selection_;
     NumberSlider *from_, *to_, *size_;
-    QLabel *amount_, *size_label_, *seed_label_;
+    QLabel *amount_;
     QSpinBox *seed_;
+    QList<QWidget *> random_items_;  // what a random selection alone needs
     QPushButton *evaluate_, *write_, *abort_;
     CommandWindow *results_;  // "Save evaluation results in:"
     std::vector<int> trees_;  // of the run, in the order of processing

@@ -1,19 +1,11 @@
 #include "windows/canvas.hpp"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPaintEvent>
-#include <QScrollBar>
-#include <QWheelEvent>
-
 #include <algorithm>
 #include <cmath>
 
 #include "windows/canvas_accessible.hpp"
 
 namespace brindle {
-
 namespace {
 
 constexpr double least_zoom = 1.0 / 50;

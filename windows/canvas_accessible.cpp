@@ -1,9 +1,5 @@
 #include "windows/canvas_accessible.hpp"
 
-#include <QAccessibleWidget>
-#include <QPointer>
-#include <QWindow>
-
 #include <unordered_map>
 
 #include "drawing/text.hpp"
@@ -11,7 +7,6 @@
 #include "windows/canvas.hpp"
 
 namespace brindle {
-
 namespace {
 
 // The canvas. It hands out the nodes' interfaces, and takes those back whose nodes are no longer shown.

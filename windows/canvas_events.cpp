@@ -9,39 +9,36 @@
 namespace brindle {
 
 void TreeWindow::pressed(const QMouseEvent &event, const Hit &hit) {
-    if (event.button() != Qt::LeftButton && event.button() != Qt::MiddleButton &&
-        event.button() != Qt::RightButton)
-        return;
+    const Qt::MouseButton button = event.button();
+    if (button != Qt::LeftButton && button != Qt::MiddleButton && button != Qt::RightButton) return;
     if (is_disabled()) return;
     info_mode = hit.mode;
-    if (event.button() == Qt::LeftButton) return select_pressed(hit);
-    if (event.button() == Qt::RightButton) return menu_pressed(event, hit);
-    if (hit.node)
-        show_information(*hit.node, event.modifiers() & Qt::ControlModifier,
-                         event.globalPosition().toPoint());
+    const QPoint place = event.globalPosition().toPoint();
+    if (button == Qt::MiddleButton) {
+        if (hit.node) show_information(*hit.node, event.modifiers() & Qt::ControlModifier, place);
+    } else if (workbench_.copy) {
+        hit.node ? copy_from(*hit.node) : copy_missed();
+    } else if (button == Qt::RightButton) {
+        open_menu(hit.node, place);
+    } else if (hit.node) {
+        select_click(hit.node);
+        workbench_.repaint_all();
+    }
 }
 
-void TreeWindow::select_pressed(const Hit &hit) {
-    if (workbench_.copy) return hit.node ? copy_from(*hit.node) : copy_missed();
-    if (!hit.node) return;
-    select_click(hit.node);
-    workbench_.repaint_all();
-}
-
-void TreeWindow::menu_pressed(const QMouseEvent &event, const Hit &hit) {
-    if (workbench_.copy) return hit.node ? copy_from(*hit.node) : copy_missed();
-    menu_place_ = event.globalPosition().toPoint();
+void TreeWindow::open_menu(Node *node, QPoint place) {
+    menu_place_ = place;
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (!hit.node) {
+    if (!node) {
         menu->setTitle("Preferences");
         fill_preferences(*menu, *this);
-    } else if (hit.node->selected()) {
+    } else if (node->selected()) {
         menu->setTitle("Subtrees");
-        fill_subtree_menu(*menu, *this, *hit.node);
+        fill_subtree_menu(*menu, *this, *node);
     } else {
         menu->setTitle("Semantic Tag");
-        fill_tag_menu(*menu, *this, *hit.node);
+        fill_tag_menu(*menu, *this, *node);
     }
     menu->setWindowTitle(menu->title());
     menu->popup(menu_place_);

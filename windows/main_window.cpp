@@ -72,10 +72,6 @@ void MainWindow::show_corpus_name() {
     setWindowTitle(to_qstring(workbench_.corpus().name));
 }
 
-void MainWindow::remember() {
-    workbench_.settings().remember_size("main", *this);
-}
-
 // Closing it is "Quit".
 void MainWindow::closeEvent(QCloseEvent *event) {
     event->setAccepted(workbench_.quit());

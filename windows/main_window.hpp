@@ -24,8 +24,6 @@ class MainWindow final : public QMainWindow {
     void set_footer(std::string_view text);
     // "Edit" and the title show the corpus' name.
     void show_corpus_name();
-    // Keeps its size for the next start.
-    void remember();
 
   protected:
     void closeEvent(QCloseEvent *event) override;

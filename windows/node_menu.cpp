@@ -2,9 +2,9 @@
 
 #include "edit/change.hpp"
 #include "model/traversal.hpp"
+#include "windows/command_window.hpp"
 #include "windows/formulas.hpp"
 #include "windows/label_editors.hpp"
-#include "windows/saving.hpp"
 #include "windows/selector.hpp"
 #include "windows/size_controller.hpp"
 #include "windows/syntax_editor.hpp"
@@ -66,7 +66,7 @@ void fill_subtree_menu(QMenu &menu, TreeWindow &window, Node &node) {
     menu.addAction("Show expanded annotation", &menu, [&window, n] { show_expansion(window, *n); });
     menu.addAction("Expand annotations", &menu, [&window, n] { expand_annotations(window, *n); });
     menu.addAction("Evaluation predicate", &menu, [&window] { ask_for_predicate(window); });
-    menu.addAction("Export to LaTeX", &menu, [&window, n] { export_to_latex(window, *n); });
+    menu.addAction("Export to LaTeX", &menu, [&window, n] { window.latex_requestor->open(n); });
 }
 
 void fill_preferences(QMenu &menu, TreeWindow &window) {

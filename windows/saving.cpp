@@ -112,10 +112,6 @@ Requestor *new_latex_requestor(TreeWindow &owner) {
     return requestor;
 }
 
-void export_to_latex(TreeWindow &window, Node &node) {
-    window.latex_requestor->open(&node);
-}
-
 bool may_write(const std::string &name, CommandWindow &requestor) {
     enum Answer { yes = 1, no = 2, cancel = 3 };
     if (!can_be_read(name)) return true;

@@ -28,9 +28,8 @@ class FileRequestor final : public CommandWindow {
     QComboBox *format_;
 };
 
-// "Export to LaTeX" of a node's tree: its requestor, which the window owns; and opening that.
+// "Export to LaTeX": a requestor, which the window owns, to be opened on a node whose tree is meant.
 Requestor *new_latex_requestor(TreeWindow &owner);
-void export_to_latex(TreeWindow &window, Node &node);
 
 // True if nothing of that name can be read, or if the user says that it may be overwritten. "No" shows the
 // requestor again, "Cancel" leaves it closed.

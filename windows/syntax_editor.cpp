@@ -31,7 +31,7 @@ SyntaxEditor::SyntaxEditor(TreeWindow &owner)
         strip->addWidget(button);
     };
     add("Ok", [this] { take_text(); });
-    add("Help", [this] { show_help(); });
+    add("Help", [this] { tell(this, BracketingEdit::help(), true); });
     add("Cancel", [this] { reject(); });
     strip->addStretch();
     auto *whole = new QWidget;
@@ -100,10 +100,6 @@ void SyntaxEditor::take_text() {
     top_ = nullptr;
     if (tree_ != window_in_hand().tree_number()) window_in_hand().show_tree(tree_);
     reject();
-}
-
-void SyntaxEditor::show_help() {
-    tell(this, BracketingEdit::help(), true);
 }
 
 }  // namespace brindle

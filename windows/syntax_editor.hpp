@@ -25,7 +25,6 @@ class SyntaxEditor final : public CommandWindow {
     bool subtree_is_free(Node &top);
     void take_text();
     void show_fault(const std::string &message);
-    void show_help();
 
     Node *top_ = nullptr;
     int tree_ = -1;     // the tree that it holds; -1: none

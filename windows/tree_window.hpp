@@ -127,8 +127,7 @@ class TreeWindow final : public QMainWindow, public TreeView {
 
     // canvas_events.cpp: what presses and keys on the canvas do
     void pressed(const QMouseEvent &event, const Hit &hit);
-    void select_pressed(const Hit &hit);
-    void menu_pressed(const QMouseEvent &event, const Hit &hit);
+    void open_menu(Node *node, QPoint place);  // null: that of the empty canvas
     bool key_pressed(const QKeyEvent &event);
     void copy_from(Node &clicked);
     void copy_missed();

@@ -102,7 +102,7 @@ bool Workbench::quit() {
                                  .escape_value = no}) != yes)
         return false;
     for (TreeWindow *window : windows_) window->remember();
-    main_window_->remember();
+    settings_.remember_size("main", *main_window_);
     prolog_->quit();
     QCoreApplication::exit();  // quit() would ask each window, and those close by themselves
     return true;
