@@ -142,8 +142,8 @@ QRectF TreePicture::category_box(const Node *node) const {
     if (!placed) return {};
     const double width = texts_.text(node->syn(), TextKind::category).width;
     const TextHeights heights = texts_.heights();
-    return {placed->x - width / 2, static_cast<double>(get_node_y(*placed, params_) - heights.above), width,
-            static_cast<double>(heights.above + heights.below)};
+    return QRectF(placed->x - width / 2, get_node_y(*placed, params_) - heights.above, width,
+                  heights.above + heights.below);
 }
 
 QRectF TreePicture::node_box(const Node *node) const {
@@ -158,11 +158,6 @@ Hit TreePicture::hit(QPointF at) const {
     if (!layout_) return {};
     const auto whole = [](double d) { return static_cast<int>(std::floor(d)); };
     return find(*layout_, whole(at.x()), whole(at.y()), text_height(), params_);
-}
-
-Clip TreePicture::clip_of(const QRectF &part) {
-    const QRect whole = part.toAlignedRect();
-    return {whole.left(), whole.top(), whole.right(), whole.bottom()};
 }
 
 void TreePicture::paint(QPainter &painter, const QRectF &part, const TreeColours &colours,

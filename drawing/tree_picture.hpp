@@ -44,7 +44,9 @@ class TreePicture {
     // Calls f(const PlacedNode &) for every node of which something may be seen in the part.
     template <class F>
     void for_each_in(const QRectF &part, F &&f) const {
-        if (layout_) layout_->for_each_in(clip_of(part), text_height(), params_, f);
+        const QRect whole = part.toAlignedRect();
+        const Clip clip{whole.left(), whole.top(), whole.right(), whole.bottom()};
+        if (layout_) layout_->for_each_in(clip, text_height(), params_, f);
     }
 
     // Paints the part of the picture. Texts of less than about two pixels of the device are left out where
@@ -56,8 +58,6 @@ class TreePicture {
     int text_height() const { return texts_.heights().above; }
 
   private:
-    static Clip clip_of(const QRectF &part);
-
     LayoutParams params_;
     CachedMeasure measure_;
     mutable LabelTexts texts_;  // keeps what it has made

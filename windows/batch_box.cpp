@@ -70,27 +70,25 @@ void BatchBox::open(const QWidget &below) {
 // ---------------------------------------------------------------- the choice of trees
 
 SelectionChoice BatchBox::choice() const {
-    SelectionChoice choice;
-    choice.types = static_cast<TreeTypes>(types_->currentIndex());
-    choice.from = from_->value();
-    choice.to = to_->value();
-    choice.random = selection_->currentIndex() == 1;
-    choice.size = size_->value();
-    choice.seed = static_cast<unsigned>(seed_->value());
-    return choice;
+    return {.types = static_cast<TreeTypes>(types_->currentIndex()),
+            .from = from_->value(),
+            .to = to_->value(),
+            .random = selection_->currentIndex() == 1,
+            .size = size_->value(),
+            .seed = static_cast<unsigned>(seed_->value())};
 }
 
 void BatchBox::recount() {
     const int number = nr_of_appropriate_trees(corpus(), choice());
     amount_->setText(QString::number(number));
-    size_->set_maximum(number);
+    size_->set_range(0, number);
 }
 
 // The range's end cannot come before its start; a slider needs two values, so the last tree leaves it one
 // more.
 void BatchBox::move_start(int from) {
     const int last = corpus().amount();
-    to_->set_minimum(std::min(from, last - 1));
+    to_->set_range(std::min(from, last - 1), last);
     if (from == last) to_->set_value(last);
     recount();
 }
@@ -99,7 +97,7 @@ void BatchBox::move_end(int to) {
     if (to < from_->value())
         to_->set_value(from_->value());
     else
-        from_->set_maximum(to);
+        from_->set_range(1, to);
     recount();
 }
 

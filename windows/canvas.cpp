@@ -13,11 +13,6 @@ constexpr double most_zoom = 8;
 constexpr int scroll_step = 20;
 constexpr double zoom_per_wheel_unit = 1.0015;  // a notch of the wheel is 120 of them
 
-TreeFonts start_fonts() {
-    const auto fonts = find_tree_fonts(start_font, LayoutParams().font_scale);
-    return fonts ? *fonts : TreeFonts();
-}
-
 // What start makes a place visible on a bar's scale.
 int start_with(double at, const QScrollBar &bar) {
     const int place = static_cast<int>(std::lround(at));
@@ -40,7 +35,9 @@ QPoint wheel_distance(const QWheelEvent &event) {
 
 }  // namespace
 
-Canvas::Canvas(QWidget *parent) : QAbstractScrollArea(parent), picture_(start_fonts()) {
+Canvas::Canvas(QWidget *parent)
+    : QAbstractScrollArea(parent),
+      picture_(find_tree_fonts(start_font, LayoutParams().font_scale).value_or(TreeFonts())) {
     install_canvas_accessibility();
     setObjectName(QStringLiteral("canvas"));
     setAccessibleName(tr("Tree"));

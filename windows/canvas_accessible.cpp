@@ -145,15 +145,13 @@ QAccessibleInterface *CanvasAccessible::item(const Node *node) const {
     return QAccessible::accessibleInterface(at->second);
 }
 
-QAccessibleInterface *make_interface(const QString &, QObject *object) {
-    auto *canvas = qobject_cast<Canvas *>(object);
-    return canvas ? new CanvasAccessible(canvas) : nullptr;
-}
-
 }  // namespace
 
 void install_canvas_accessibility() {
-    QAccessible::installFactory(make_interface);
+    QAccessible::installFactory([](const QString &, QObject *object) -> QAccessibleInterface * {
+        auto *canvas = qobject_cast<Canvas *>(object);
+        return canvas ? new CanvasAccessible(canvas) : nullptr;
+    });
 }
 
 void tell_focus_node(Canvas &canvas) {

@@ -77,11 +77,10 @@ bool TreeWindow::key_pressed(const QKeyEvent &event) {
 void TreeWindow::show_information(Node &node, bool mothers, QPoint place) {
     enum Answer { ok = 0, more = 1 };
     const auto page_with_more = [&](std::string_view page) {
-        return brindle::ask(this,
-                            {.message = std::string(page) + "\n...",
-                             .buttons = {{"More..", more}, {"Ok", ok}},
-                             .silent = true},
-                            place) == more;
+        const NoticeSpec spec{.message = std::string(page) + "\n...",
+                              .buttons = {{"More..", more}, {"Ok", ok}},
+                              .silent = true};
+        return brindle::ask(this, spec, place) == more;
     };
     const auto last_page = information(corpus(), &node, info_mode, mothers, page_with_more);
     if (last_page) tell_at(&node, *last_page, true);

@@ -81,8 +81,9 @@ void CommandWindow::add_widget(QWidget *widget) {
     row_->insertWidget(row_->count() - 1, widget);
 }
 
-QLabel *CommandWindow::add_label(const QString &text) {
+QLabel *CommandWindow::add_label(const QString &text, QWidget *buddy) {
     auto *label = new QLabel(text);
+    label->setBuddy(buddy);
     label->setTextFormat(Qt::PlainText);
     add_widget(label);
     return label;
@@ -97,8 +98,7 @@ QLabel *CommandWindow::add_message(const QString &text, bool bold) {
 }
 
 QLineEdit *CommandWindow::add_field(QLineEdit *field, const QString &label, int shown_characters) {
-    field_labels_ << add_label(label);
-    field_labels_.back()->setBuddy(field);
+    field_labels_ << add_label(label, field);
     field->setAccessibleName(label);
     field->setMinimumWidth(shown_characters * fontMetrics().averageCharWidth() + 16);
     add_widget(field);
@@ -122,9 +122,8 @@ QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_charact
 }
 
 QComboBox *CommandWindow::add_choice(const QString &label, const QStringList &options) {
-    QLabel *before = add_label(label);
     auto *choice = new QComboBox;
-    before->setBuddy(choice);
+    add_label(label, choice);
     choice->addItems(options);
     choice->setAccessibleName(label);
     add_widget(choice);

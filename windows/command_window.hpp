@@ -63,7 +63,7 @@ class CommandWindow : public QDialog {
     void keyPressEvent(QKeyEvent *event) override;
 
   private:
-    QLabel *add_label(const QString &text);
+    QLabel *add_label(const QString &text, QWidget *buddy = nullptr);
     QLineEdit *add_field(QLineEdit *field, const QString &label, int shown_characters);
 
     TreeWindow &owner_;

@@ -24,11 +24,8 @@ constexpr const char *font_styles[] = {"lucida-normal", "lucida-bold",    "lucid
                                        "courier-bold",  "courier-italic", "serif-normal",  "serif-bold",
                                        "serif-italic"};
 
-struct FontSize {
-    const char *label;
-    int scale;
-};
-constexpr FontSize font_sizes[] = {{"default", 2}, {"small", 0}, {"medium", 1}, {"large", 3}};
+constexpr std::pair<const char *, int> font_sizes[] = {
+    {"default", 2}, {"small", 0}, {"medium", 1}, {"large", 3}};
 
 }  // namespace
 

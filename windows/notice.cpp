@@ -14,10 +14,16 @@ constexpr int gap_down = 36 - arrow_size;  // to the place pointed at, which may
 constexpr int gap_across = 60 - arrow_size;
 constexpr int longest_line = 620;
 
+int escape_value(const NoticeSpec &spec) {
+    if (spec.escape_value) return *spec.escape_value;
+    const auto cancel = std::ranges::find(spec.buttons, "Cancel", &NoticeButton::label);
+    return cancel == spec.buttons.end() ? spec.buttons.back().value : cancel->value;
+}
+
 class Notice final : public QDialog {
   public:
     Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at);
-    int answer() const { return answer_.value_or(escape_value()); }
+    int answer() const { return answer_.value_or(escape_value(spec_)); }
 
   protected:
     void keyPressEvent(QKeyEvent *event) override {
@@ -42,7 +48,6 @@ class Notice final : public QDialog {
         answer_ = value;
         accept();
     }
-    int escape_value() const;
     void place(const QWidget *owner, std::optional<QPoint> pointed_at);
     void place_at(QPoint at, const QRect &area, QPoint over);
     QPainterPath outline() const;
@@ -75,20 +80,18 @@ void Notice::add_message(QVBoxLayout &column) {
     const QString text = to_qstring(clean_message(spec_.message));
     const QFontMetrics metrics(font());
     const int room = screen()->availableSize().height() * 2 / 3;
-    if (text.size() < 4000) {
-        const QRect needed = metrics.boundingRect(QRect(0, 0, longest_line, room),
-                                                  Qt::TextWordWrap | Qt::TextExpandTabs, text);
-        if (needed.height() <= room && needed.width() <= longest_line) {
-            auto *label = new QLabel(text);
-            label->setTextFormat(Qt::PlainText);
-            label->setWordWrap(metrics.boundingRect(QRect(), Qt::TextExpandTabs, text).width() >
-                               longest_line);
-            if (label->wordWrap()) label->setFixedWidth(longest_line);
-            label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-            label->setFocusPolicy(Qt::NoFocus);
-            column.addWidget(label);
-            return;
-        }
+    const auto size_within = [&](const QRect &space, int flags) {
+        return metrics.boundingRect(space, flags | Qt::TextExpandTabs, text.left(4000)).size();
+    };
+    const QSize wrapped = size_within(QRect(0, 0, longest_line, room), Qt::TextWordWrap);
+    if (text.size() < 4000 && wrapped.height() <= room && wrapped.width() <= longest_line) {
+        auto *label = new QLabel(text);
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(size_within({}, 0).width() > longest_line);
+        if (label->wordWrap()) label->setFixedWidth(longest_line);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
+        return column.addWidget(label);
     }
     int end_column = 0;
     auto *view = new QPlainTextEdit(with_bearable_lines(text, end_column));
@@ -110,12 +113,6 @@ void Notice::add_buttons(QVBoxLayout &column) {
     row->addStretch();
     default_->setDefault(true);
     column.addLayout(row);
-}
-
-int Notice::escape_value() const {
-    if (spec_.escape_value) return *spec_.escape_value;
-    const auto cancel = std::ranges::find(spec_.buttons, "Cancel", &NoticeButton::label);
-    return cancel == spec_.buttons.end() ? spec_.buttons.back().value : cancel->value;
 }
 
 // Without a place to point at: over the middle of the owner's window.
@@ -182,8 +179,7 @@ int ask(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at
     if (!spec.silent) QApplication::beep();
     QPointer<Notice> notice = new Notice(owner, spec, pointed_at);
     notice->exec();
-    if (!notice) return spec.escape_value.value_or(spec.buttons.back().value);  // its owner has gone
-    const int answer = notice->answer();
+    const int answer = notice ? notice->answer() : escape_value(spec);  // null: its owner has gone
     delete notice;
     return answer;
 }

@@ -16,17 +16,14 @@ const QWidget *window_of(const QObject *object) {
     return nullptr;
 }
 
-constexpr QEvent::Type input_types[] = {QEvent::MouseButtonPress,
-                                        QEvent::MouseButtonRelease,
-                                        QEvent::MouseButtonDblClick,
-                                        QEvent::MouseMove,
-                                        QEvent::Wheel,
-                                        QEvent::KeyPress,
-                                        QEvent::KeyRelease,
-                                        QEvent::Shortcut,
-                                        QEvent::ContextMenu,
-                                        QEvent::Close,
-                                        QEvent::InputMethod};
+bool is_input(QEvent::Type type) {
+    using enum QEvent::Type;
+    static constexpr QEvent::Type input[] = {
+        MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseMove, Wheel,       KeyPress,
+        KeyRelease,       Shortcut,           ContextMenu,         Close,     InputMethod,
+    };
+    return std::ranges::find(input, type) != std::end(input);
+}
 
 bool is_interrupt(const QEvent &event) {
     if (event.type() != QEvent::KeyPress) return false;
@@ -78,7 +75,7 @@ void CurrentRun::dispatch() {
 }
 
 bool CurrentRun::eventFilter(QObject *object, QEvent *event) {
-    if (std::ranges::find(input_types, event->type()) == std::end(input_types)) return false;
+    if (!is_input(event->type())) return false;
     const QWidget *window = window_of(object);
     if (!window || !is_busy(*window)) return false;
     if (event->type() == QEvent::Close) event->ignore();

@@ -46,8 +46,6 @@ TreeWindow::TreeWindow(Workbench &workbench)
                                             {screen_size.width() * 3 / 4, screen_size.height() * 5 / 6}));
 }
 
-TreeWindow::~TreeWindow() = default;
-
 Corpus &TreeWindow::corpus() {
     return workbench_.corpus();
 }

@@ -1,6 +1,6 @@
 #pragma once
 // A tree window: its buttons and menus, the canvas with one tree, the status line. The command windows that
-// belong to it are its children; each is a class of its own with what it shows and what it does.
+// belong to it are its children; each knows what it shows and what it does.
 #include <QMainWindow>
 
 #include <optional>
@@ -34,7 +34,6 @@ class TreeWindow final : public QMainWindow, public TreeView {
     Q_OBJECT
   public:
     explicit TreeWindow(Workbench &workbench);
-    ~TreeWindow() override;
 
     Workbench &workbench() { return workbench_; }
     Corpus &corpus();

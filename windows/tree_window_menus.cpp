@@ -47,8 +47,7 @@ void TreeWindow::create_menus() {
     file->addAction(actions_.close);
     file->addAction(
         add_command("Quit", "Ends the program", {QKeySequence::Quit}, [this] { workbench_.quit(); }));
-    QMenu *edit = menuBar()->addMenu("&Edit");
-    edit->addAction(actions_.search);
+    menuBar()->addMenu("&Edit")->addAction(actions_.search);
     create_tree_menu(*menuBar()->addMenu("&Tree"));
     QMenu *node = menuBar()->addMenu("&Node");
     fill_when_opened(*node, [this](QMenu &menu) {
