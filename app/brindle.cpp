@@ -9,6 +9,7 @@
 
 #include <fmt/printf.h>
 
+#include "app/ui_map.hpp"
 #include "app/x_options.hpp"
 #include "base/error.hpp"
 #include "base/text.hpp"
@@ -17,7 +18,6 @@
 #include "drawing/text.hpp"
 #include "windows/appearance.hpp"
 #include "windows/main_window.hpp"
-#include "windows/ui_map.hpp"
 #include "windows/workbench.hpp"
 
 namespace {
@@ -125,7 +125,7 @@ int main(int argc, char **argv) {
     Workbench workbench(corpus);
     set_up_appearance({options.foreground, options.background, options.font, options.reverse},
                       workbench.settings());
-    start_ui_map();
+    workbench.run().on_dispatched = start_ui_map();
     workbench.start_prolog();
     show_main_window(workbench.main_window(), options);
     return QApplication::exec();

@@ -28,6 +28,28 @@ bool take_high_byte_warning();
 // The text for a terminal: what is neither graphic nor a space or newline is written as \t or \x1b.
 std::string visible(std::string_view text);
 
+// Whether the locale's characters are UTF-8.
+bool locale_is_utf8();
+
+// The character that a text begins with, as the locale reads it, and how many bytes it takes. Without a
+// length the first byte is no character, or a control character of an 8-bit locale. REQUIRES: the text is not
+// empty.
+struct Character {
+    char32_t code = 0;
+    std::size_t length = 0;
+};
+Character first_character(std::string_view text);
+
+// How many bytes at the end of a text begin a character whose rest is missing.
+std::size_t unfinished_tail(std::string_view text);
+
+// The longest beginning of the text of at most `size` bytes that cuts no character in two.
+std::string_view beginning(std::string_view text, std::size_t size);
+
+// A message fit to be shown: ESC and other control characters go, tabs are blanks, blanks at line starts and
+// ends go, lines that held nothing but control characters go, and so do empty first and last lines.
+std::string clean_message(std::string_view message);
+
 // Every space of the text becomes '_'.
 void space2underscore(std::string &text);
 

@@ -2,7 +2,7 @@
 # that opens them.
 find_package(Qt6 6.4 REQUIRED COMPONENTS Gui Widgets)
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb) # for windows/ui_map_x11.cpp alone
+pkg_check_modules(xcb REQUIRED IMPORTED_TARGET xcb) # for the program alone
 set(qt_definitions QT_NO_FOREACH QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_BYTEARRAY QT_NO_KEYWORDS)
 
 file(GLOB drawing_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/drawing/*.cpp)
@@ -14,7 +14,8 @@ file(GLOB window_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/windows/*.cpp)
 add_library(brindle_windows STATIC ${window_sources})
 set_target_properties(brindle_windows PROPERTIES AUTOMOC ON)
 target_precompile_headers(brindle_windows PRIVATE <QtWidgets>)
-target_link_libraries(brindle_windows PUBLIC brindle_drawing Qt6::Widgets PRIVATE PkgConfig::xcb)
+target_link_libraries(brindle_windows PUBLIC brindle_drawing Qt6::Widgets)
 
-add_executable(brindle app/brindle.cpp app/x_options.cpp)
+file(GLOB program_sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/app/*.cpp)
+add_executable(brindle ${program_sources})
 target_link_libraries(brindle PRIVATE brindle_windows PkgConfig::xcb)

@@ -34,4 +34,10 @@ void select_click(Node *node) {
     }
 }
 
+Node *first_selected(Node *root) {
+    for (Node *node = root; node; node = next_in_document(node, root))
+        if (node->selected()) return node;
+    return nullptr;
+}
+
 }  // namespace brindle

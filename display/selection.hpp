@@ -9,4 +9,7 @@ namespace brindle {
 // subtree, nothing. Nothing is drawn.
 void select_click(Node *node);
 
+// The first selected node of a tree, from left to right and mothers first; null: there is none.
+Node *first_selected(Node *root);
+
 }  // namespace brindle

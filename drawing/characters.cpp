@@ -2,37 +2,10 @@
 
 #include <QChar>
 #include <QFontDatabase>
-#include <QList>
 #include <QRawFont>
 
-#include <algorithm>
-
-#include "drawing/text.hpp"
-
 namespace brindle {
-
 namespace {
-
-// The installed fonts one after another, each opened when those before it were not enough.
-class InstalledFonts {
-  public:
-    explicit InstalledFonts(const QFont &usual) : opened_{QRawFont::fromFont(usual)} {}
-
-    bool any_has(char32_t c) {
-        const auto has = [c](const QRawFont &font) { return font.supportsCharacter(c); };
-        if (std::ranges::any_of(opened_, has)) return true;
-        while (next_ < families_.size()) {
-            opened_.push_back(QRawFont::fromFont(QFont(families_[next_++])));
-            if (has(opened_.back())) return true;
-        }
-        return false;
-    }
-
-  private:
-    QStringList families_ = QFontDatabase::families();
-    qsizetype next_ = 0;
-    std::vector<QRawFont> opened_;
-};
 
 bool is_drawn(char32_t c) {
     const bool variation_selector = (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF);
@@ -43,22 +16,18 @@ bool is_drawn(char32_t c) {
 
 }  // namespace
 
-void CharacterSet::add(std::string_view locale_text) {
-    if (std::ranges::all_of(locale_text, [](char c) { return static_cast<unsigned char>(c) < 0x80; })) return;
-    for (const char32_t c : to_shown(locale_text).toUcs4()) has_[c] = c >= 0x80;
-}
-
-std::u32string CharacterSet::characters() const {
-    std::u32string characters;
-    for (std::size_t c = 0; c < has_.size(); ++c)
-        if (has_[c] && c != QChar::ReplacementCharacter) characters += static_cast<char32_t>(c);
-    return characters;
-}
-
 std::u32string characters_without_font(const CharacterSet &set, const QFont &usual) {
     std::u32string missing = set.characters();
-    InstalledFonts fonts(usual);
-    std::erase_if(missing, [&](char32_t c) { return !is_drawn(c) || fonts.any_has(c); });
+    std::erase_if(missing, [](char32_t c) { return !is_drawn(c); });
+    const auto drop_those_of = [&missing](const QFont &font) {
+        const QRawFont opened = QRawFont::fromFont(font);
+        std::erase_if(missing, [&](char32_t c) { return opened.supportsCharacter(c); });
+    };
+    drop_those_of(usual);
+    for (const QString &family : QFontDatabase::families()) {
+        if (missing.empty()) break;
+        drop_those_of(QFont(family));
+    }
     return missing;
 }
 

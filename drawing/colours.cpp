@@ -4,7 +4,6 @@
 #include <cmath>
 
 namespace brindle {
-
 namespace {
 
 // Of the Web Content Accessibility Guidelines 2.1.
@@ -28,11 +27,9 @@ QColor readable(const QColor &ground, std::initializer_list<QColor> colours) {
     return contrast(Qt::black, ground) > contrast(Qt::white, ground) ? Qt::black : Qt::white;
 }
 
-QColor mixed(const QColor &a, const QColor &b, double share_of_a) {
-    const auto mix = [&](int x, int y) {
-        return static_cast<int>(std::lround(x * share_of_a + y * (1 - share_of_a)));
-    };
-    return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
+QColor mixed(const QColor &a, const QColor &b, float share_of_a) {
+    const auto mix = [&](float x, float y) { return x * share_of_a + y * (1 - share_of_a); };
+    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
 TreeColours make_colours(const QColor &ground, const QColor &text, const QColor &tag, const QColor &word) {
@@ -41,7 +38,7 @@ TreeColours make_colours(const QColor &ground, const QColor &text, const QColor 
     colours.category = readable(ground, {text});
     colours.tag = readable(ground, {tag, text});
     colours.word = readable(ground, {word, text});
-    colours.branch = mixed(colours.category, ground, 0.6);
+    colours.branch = mixed(colours.category, ground, 0.6F);
     colours.selected_ground = colours.category;
     colours.selected_text = readable(colours.selected_ground, {ground});
     return colours;

@@ -4,77 +4,43 @@
 
 #include <algorithm>
 #include <array>
-#include <vector>
 
 #include "drawing/text.hpp"
 
 namespace brindle {
-
 namespace {
 
-constexpr std::array<int, nr_of_font_scales> pixels{11, 13, 15, 19};
+constexpr std::array<int, nr_of_font_scales> heights{11, 13, 15, 19};  // in pixels
 
-struct Alias {
-    std::string_view name;
-    std::array<const char *, 5> families;  // tried in this order; the last always answers
-    QFont::StyleHint hint;
-};
-
-constexpr Alias aliases[] = {
-    {"lucidasans",
-     {"Lucida Sans", "DejaVu Sans", "Liberation Sans", "Nimbus Sans", "sans-serif"},
-     QFont::SansSerif},
-    {"lucida", {"Lucida", "Lucida Sans", "DejaVu Sans", "Liberation Sans", "sans-serif"}, QFont::SansSerif},
-    {"times", {"Liberation Serif", "Nimbus Roman", "Times New Roman", "DejaVu Serif", "serif"}, QFont::Serif},
-    {"courier",
-     {"Liberation Mono", "Nimbus Mono PS", "Courier New", "DejaVu Sans Mono", "monospace"},
-     QFont::Monospace},
-    {"serif", {"DejaVu Serif", "Liberation Serif", "Nimbus Roman", "Times New Roman", "serif"}, QFont::Serif},
-};
-
-struct Style {
-    std::string_view suffix;
-    bool bold;
-    bool italic;
-};
-
-constexpr Style styles[] = {
-    {"-normal", false, false},    {"-roman", false, false},    {"-medium", false, false},
-    {"-bold-italic", true, true}, {"-bolditalic", true, true}, {"-bold", true, false},
-    {"-italic", false, true},     {"-oblique", false, true},
-};
-
-// The font of the name without its style, if its family is installed.
-std::optional<QFont> find_family(std::string_view name) {
-    const auto installed = [](const QString &family) { return QFontDatabase::hasFamily(family); };
-    const auto *alias = std::ranges::find(aliases, name, &Alias::name);
-    if (alias == std::end(aliases)) {
-        const QString family = to_qstring(name);
-        return installed(family) ? std::optional(QFont(family)) : std::nullopt;
-    }
-    const auto found = std::find_if(alias->families.begin(), alias->families.end() - 1,
-                                    [&](const char *f) { return installed(QString::fromLatin1(f)); });
-    QFont font(QString::fromLatin1(*found));
-    font.setStyleHint(alias->hint);
-    return font;
+// For characters that the family lacks.
+QFont::StyleHint hint_of(const std::string &generic) {
+    if (generic.empty()) return QFont::AnyStyle;
+    return generic == "serif" ? QFont::Serif : generic == "monospace" ? QFont::Monospace : QFont::SansSerif;
 }
 
 }  // namespace
 
 std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale) {
     if (font_scale < 0 || font_scale >= nr_of_font_scales) return std::nullopt;
-    const auto *style = std::ranges::find_if(
-        styles, [&](const Style &s) { return name.size() > s.suffix.size() && name.ends_with(s.suffix); });
-    const bool styled = style != std::end(styles);
-    const auto family = find_family(styled ? name.substr(0, name.size() - style->suffix.size()) : name);
-    if (!family) return std::nullopt;
-    QFont font = *family;
-    font.setPixelSize(pixels[static_cast<std::size_t>(font_scale)]);
-    font.setItalic(styled && style->italic);
-    font.setBold(styled && style->bold && name != start_font);
+    const FontName wanted = parse_font_name(name);
+    const auto found = std::ranges::find_if(wanted.families, [](const std::string &family) {
+        return QFontDatabase::hasFamily(to_qstring(family));
+    });
+    const std::string &family = found == wanted.families.end() ? wanted.generic : *found;
+    if (family.empty()) return std::nullopt;
+    QFont font(to_qstring(family));
+    font.setStyleHint(hint_of(wanted.generic));
+    font.setPixelSize(heights[static_cast<std::size_t>(font_scale)]);
+    font.setItalic(wanted.italic);
+    font.setBold(wanted.bold);
     QFont category = font;
     category.setBold(true);
     return TreeFonts{category, font, font};
+}
+
+int nearest_font_scale(int pixels) {
+    const auto distance = [pixels](int height) { return std::abs(height - pixels); };
+    return static_cast<int>(std::ranges::min_element(heights, {}, distance) - heights.begin());
 }
 
 }  // namespace brindle

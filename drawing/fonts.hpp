@@ -5,11 +5,10 @@
 #include <optional>
 #include <string_view>
 
+#include "display/font_names.hpp"
 #include "display/layout_params.hpp"
 
 namespace brindle {
-
-inline constexpr const char *start_font = "lucidasans-bold";
 
 // The fonts of one tree, of one family and size: what a node is written in.
 struct TreeFonts {
@@ -21,5 +20,8 @@ struct TreeFonts {
 // The fonts for a name such as "times-italic", in pixels of the font scale (0..3); none: no such family is
 // installed.
 std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale);
+
+// The scale whose fonts come nearest to that height in pixels.
+int nearest_font_scale(int pixels);
 
 }  // namespace brindle

@@ -10,7 +10,6 @@
 #include "drawing/text.hpp"
 
 namespace brindle {
-
 namespace {
 
 int up(double pixels) {
@@ -33,9 +32,9 @@ void LabelText::draw(QPainter &painter, QPointF baseline) const {
     for (const QGlyphRun &run : glyphs) painter.drawGlyphRun(baseline - QPointF(0, glyphs_baseline), run);
 }
 
-LabelTexts::LabelTexts(const TreeFonts &fonts) : fonts_{fonts.category, fonts.tag, fonts.word} {
-    for (const QFont &font : fonts_) {
-        const QFontMetricsF metrics(font);
+LabelTexts::LabelTexts(const TreeFonts &fonts) : fonts_(fonts) {
+    for (const QFont *font : {&fonts.category, &fonts.tag, &fonts.word}) {
+        const QFontMetricsF metrics(*font);
         heights_.above = std::max(heights_.above, up(metrics.ascent()));
         heights_.below = std::max(heights_.below, up(metrics.descent()));
         heights_.capitals = std::max(heights_.capitals, up(metrics.capHeight()));

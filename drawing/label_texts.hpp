@@ -46,7 +46,12 @@ class LabelTexts {
   public:
     explicit LabelTexts(const TreeFonts &fonts);
 
-    const QFont &font(TextKind kind) const { return fonts_[static_cast<std::size_t>(kind)]; }
+    const TreeFonts &fonts() const { return fonts_; }
+    const QFont &font(TextKind kind) const {
+        return kind == TextKind::category ? fonts_.category
+               : kind == TextKind::tag    ? fonts_.tag
+                                          : fonts_.word;
+    }
     TextHeights heights() const { return heights_; }
     // Good until the next call. The label's corpus outlives this object.
     const LabelText &text(const Label *label, TextKind kind);
@@ -54,7 +59,7 @@ class LabelTexts {
   private:
     static constexpr std::size_t most_kept = 20'000;
 
-    std::array<QFont, nr_of_text_kinds> fonts_;
+    TreeFonts fonts_;
     std::array<tsl::robin_map<const Label *, LabelText>, nr_of_text_kinds> texts_;
     TextHeights heights_;
 };

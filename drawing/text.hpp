@@ -17,11 +17,4 @@ QString to_shown(std::string_view locale_text);
 // What was typed, in the locale's encoding. Characters that the locale lacks become '?'.
 std::string to_locale(const QString &text);
 
-// How many bytes at the end of a locale text begin a character whose rest is missing.
-std::size_t unfinished_tail(std::string_view locale_text);
-
-// A message fit to be shown: ESC and other control characters go, tabs are blanks, blanks at line starts and
-// ends go, lines that held nothing but control characters go, and so do empty first and last lines.
-std::string clean_message(std::string_view message);
-
 }  // namespace brindle

@@ -4,10 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "drawing/label_texts.hpp"
-
 namespace brindle {
-
 namespace {
 
 // What lies between the start of a highlighted text and that of its rectangle, and below the rectangle's
@@ -32,19 +29,36 @@ class PartPainter {
                 TextHeights heights)
         : painter_(painter), colours_(colours), params_(params), heights_(heights) {}
 
-    void add(const TreeLayout &layout, const PlacedNode &placed);
+    void add(const TreeLayout &layout, const PlacedNode &placed) {
+        nodes_.push_back(&placed);
+        // An upright branch one pixel wide covers one column of pixels, not two halves.
+        const double x = placed.x + 0.5;
+        const int y = get_node_y(placed, params_);
+        if (placed.mother >= 0) {
+            const PlacedNode &mother = layout.nodes[static_cast<std::size_t>(placed.mother)];
+            branches_.emplace_back(mother.x + 0.5, branch_start(mother), x, y - heights_.above);
+        }
+        if (placed.node->lex())
+            branches_.emplace_back(x, branch_start(placed), x, y + params_.vdist - heights_.above);
+    }
     void paint_branches();
     void paint_highlights();
     void paint_texts(LabelTexts &texts, TextKind kind);
 
   private:
-    double baseline(const PlacedNode &placed, TextKind kind) const;
-    // Where the branches below a node on that baseline begin: under what hangs from its last line.
+    double baseline(const PlacedNode &placed, TextKind kind) const {
+        const int y = get_node_y(placed, params_);
+        if (kind == TextKind::tag) return y + heights_.above + params_.text_gap;
+        return kind == TextKind::word ? y + params_.vdist : y;
+    }
+    // Where the branches below a node begin: under what hangs from its last line.
     double branch_start(const PlacedNode &placed) const {
         const auto last = placed.node->sem() ? TextKind::tag : TextKind::category;
         return baseline(placed, last) + heights_.below + params_.text_gap;
     }
-    void highlight(double left, double centre, double top, double height);
+    void highlight(double left, double centre, double top, double height) {
+        painter_.fillRect(QRectF(left, top, 2 * (centre - left) + 1, height), colours_.selected_ground);
+    }
 
     QPainter &painter_;
     const TreeColours &colours_;
@@ -53,25 +67,6 @@ class PartPainter {
     std::vector<const PlacedNode *> nodes_;
     std::vector<QLineF> branches_;
 };
-
-double PartPainter::baseline(const PlacedNode &placed, TextKind kind) const {
-    const int y = get_node_y(placed, params_);
-    if (kind == TextKind::tag) return y + heights_.above + params_.text_gap;
-    return kind == TextKind::word ? y + params_.vdist : y;
-}
-
-void PartPainter::add(const TreeLayout &layout, const PlacedNode &placed) {
-    nodes_.push_back(&placed);
-    // An upright branch one pixel wide covers one column of pixels, not two halves.
-    const double x = placed.x + 0.5;
-    const int y = get_node_y(placed, params_);
-    if (placed.mother >= 0) {
-        const PlacedNode &mother = layout.nodes[static_cast<std::size_t>(placed.mother)];
-        branches_.emplace_back(mother.x + 0.5, branch_start(mother), x, y - heights_.above);
-    }
-    if (placed.node->lex())
-        branches_.emplace_back(x, branch_start(placed), x, y + params_.vdist - heights_.above);
-}
 
 void PartPainter::paint_branches() {
     const double width = std::max<double>(params_.line_width, thinnest_line);
@@ -84,10 +79,6 @@ void PartPainter::paint_branches() {
     }
     painter_.setPen(pen);
     painter_.drawLines(branches_.data(), static_cast<int>(branches_.size()));
-}
-
-void PartPainter::highlight(double left, double centre, double top, double height) {
-    painter_.fillRect(QRectF(left, top, 2 * (centre - left) + 1, height), colours_.selected_ground);
 }
 
 void PartPainter::paint_highlights() {
@@ -121,23 +112,18 @@ void PartPainter::paint_texts(LabelTexts &texts, TextKind kind) {
 
 }  // namespace
 
-TreePicture::TreePicture(const TreeFonts &fonts) {
-    set_fonts(fonts);
-}
-
-TreePicture::~TreePicture() = default;
+TreePicture::TreePicture(const TreeFonts &fonts) : measure_(widest_measure(fonts)), texts_(fonts) {}
 
 void TreePicture::set_fonts(const TreeFonts &fonts) {
     forget();
-    fonts_ = fonts;
-    texts_ = std::make_unique<LabelTexts>(fonts);
-    measure_ = std::make_unique<CachedMeasure>(widest_measure(fonts));
+    texts_ = LabelTexts(fonts);
+    measure_.set_measure(widest_measure(fonts));
 }
 
 void TreePicture::lay_out(Node *root, const LayoutParams &params, bool show_punctuation) {
     params_ = params;
     layout_.reset();
-    if (root) layout_ = brindle::lay_out(root, params_, *measure_, show_punctuation);
+    if (root) layout_ = brindle::lay_out(root, params_, measure_, show_punctuation);
 }
 
 QSizeF TreePicture::size() const {
@@ -154,16 +140,16 @@ QPointF TreePicture::place_of(const Node *node) const {
 QRectF TreePicture::category_box(const Node *node) const {
     const PlacedNode *placed = layout_ ? layout_->find(node) : nullptr;
     if (!placed) return {};
-    const double width = texts_->text(node->syn(), TextKind::category).width;
-    const TextHeights heights = texts_->heights();
-    return {placed->x - width / 2, static_cast<double>(get_node_y(*placed, params_) - heights.above), width,
-            static_cast<double>(heights.above + heights.below)};
+    const double width = texts_.text(node->syn(), TextKind::category).width;
+    const TextHeights heights = texts_.heights();
+    return QRectF(placed->x - width / 2, get_node_y(*placed, params_) - heights.above, width,
+                  heights.above + heights.below);
 }
 
 QRectF TreePicture::node_box(const Node *node) const {
     QRectF box = category_box(node);
     if (box.isNull() || !node->sem()) return box;
-    const double width = texts_->text(node->sem(), TextKind::tag).width;
+    const double width = texts_.text(node->sem(), TextKind::tag).width;
     const double wider = std::max(0.0, width - box.width()) / 2;
     return box.adjusted(-wider, 0, wider, text_height() + params_.text_gap);
 }
@@ -174,29 +160,20 @@ Hit TreePicture::hit(QPointF at) const {
     return find(*layout_, whole(at.x()), whole(at.y()), text_height(), params_);
 }
 
-int TreePicture::text_height() const {
-    return texts_->heights().above;
-}
-
-Clip TreePicture::clip_of(const QRectF &part) {
-    const QRect whole = part.toAlignedRect();
-    return {whole.left(), whole.top(), whole.right(), whole.bottom()};
-}
-
 void TreePicture::paint(QPainter &painter, const QRectF &part, const TreeColours &colours,
                         bool skip_tiny) const {
     if (!layout_) return;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setLayoutDirection(Qt::LayoutDirectionAuto);
-    PartPainter nodes(painter, colours, params_, texts_->heights());
+    PartPainter nodes(painter, colours, params_, texts_.heights());
     for_each_in(part, [&](const PlacedNode &placed) { nodes.add(*layout_, placed); });
     nodes.paint_branches();
     nodes.paint_highlights();
-    const double capitals = texts_->heights().capitals * device_scale(painter);
+    const double capitals = texts_.heights().capitals * device_scale(painter);
     if (!skip_tiny || capitals >= least_text)
         for (const TextKind kind : {TextKind::category, TextKind::tag, TextKind::word})
-            nodes.paint_texts(*texts_, kind);
+            nodes.paint_texts(texts_, kind);
     painter.restore();
 }
 

@@ -5,23 +5,20 @@
 #include <QPainter>
 #include <QRectF>
 
-#include <memory>
 #include <optional>
 
 #include "display/hit_test.hpp"
 #include "display/layout.hpp"
 #include "drawing/colours.hpp"
 #include "drawing/fonts.hpp"
+#include "drawing/label_texts.hpp"
 
 namespace brindle {
-
-class LabelTexts;
 
 // Its trees are of one corpus, which outlives it.
 class TreePicture {
   public:
     explicit TreePicture(const TreeFonts &fonts);
-    ~TreePicture();
 
     // Other fonts: nothing is laid out any more.
     void set_fonts(const TreeFonts &fonts);
@@ -47,24 +44,23 @@ class TreePicture {
     // Calls f(const PlacedNode &) for every node of which something may be seen in the part.
     template <class F>
     void for_each_in(const QRectF &part, F &&f) const {
-        if (layout_) layout_->for_each_in(clip_of(part), text_height(), params_, f);
+        const QRect whole = part.toAlignedRect();
+        const Clip clip{whole.left(), whole.top(), whole.right(), whole.bottom()};
+        if (layout_) layout_->for_each_in(clip, text_height(), params_, f);
     }
 
     // Paints the part of the picture. Texts of less than about two pixels of the device are left out where
     // `skip_tiny`; branches are always drawn.
     void paint(QPainter &painter, const QRectF &part, const TreeColours &colours, bool skip_tiny) const;
 
-    const TreeFonts &fonts() const { return fonts_; }
+    const TreeFonts &fonts() const { return texts_.fonts(); }
     // Of a line of text above its baseline: what "H" and what is higher takes.
-    int text_height() const;
+    int text_height() const { return texts_.heights().above; }
 
   private:
-    static Clip clip_of(const QRectF &part);
-
-    TreeFonts fonts_;
     LayoutParams params_;
-    std::unique_ptr<CachedMeasure> measure_;
-    std::unique_ptr<LabelTexts> texts_;
+    CachedMeasure measure_;
+    mutable LabelTexts texts_;  // keeps what it has made
     std::optional<TreeLayout> layout_;
 };
 

@@ -17,7 +17,7 @@ QT = re.compile(r"^(Q[A-Z]|q[a-z]+\.h$)")
 # Without its folder no header of another module is found there: the target links Qt Gui alone.
 QT_BEYOND_GUI = re.compile(r"^Qt(?!Core|Gui)\w+(/|$)")
 X = re.compile(r"^(X11|xcb)/")
-SEES_X = re.compile(r"^(windows/ui_map_x11|app/x_options)\.")
+SEES_X = re.compile(r"^app/(ui_map_x11|x_options)\.")
 
 
 def fault(name, folder, header):

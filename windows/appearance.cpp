@@ -10,14 +10,7 @@ namespace brindle {
 namespace {
 
 // The colours that the command line has named for texts and their ground; invalid: none.
-struct NamedColours {
-    QColor text, ground;
-};
-
-NamedColours &named_colours() {
-    static NamedColours colours;
-    return colours;
-}
+QColor named_text, named_ground;
 
 QPalette light_palette() {
     QPalette palette(QColor(0xEFEFEF), QColor(0xEFEFEF));
@@ -51,8 +44,8 @@ QPalette palette_of(Theme theme) {
     static const bool platform_is_dark = QGuiApplication::palette().window().color().lightness() < 128;
     const bool dark = theme == Theme::dark || (theme == Theme::platform && platform_is_dark);
     QPalette palette = dark ? dark_palette() : light_palette();
-    if (named_colours().text.isValid()) palette.setColor(QPalette::Text, named_colours().text);
-    if (named_colours().ground.isValid()) palette.setColor(QPalette::Base, named_colours().ground);
+    if (named_text.isValid()) palette.setColor(QPalette::Text, named_text);
+    if (named_ground.isValid()) palette.setColor(QPalette::Base, named_ground);
     return palette;
 }
 
@@ -60,14 +53,13 @@ QPalette palette_of(Theme theme) {
 
 void set_up_appearance(const LookOptions &options, const Settings &settings) {
     QApplication::setStyle("Fusion");
-    NamedColours &named = named_colours();
-    named.text = QColor(to_qstring(options.text));
-    named.ground = QColor(to_qstring(options.ground));
+    named_text = QColor(to_qstring(options.text));
+    named_ground = QColor(to_qstring(options.ground));
     if (options.reverse) {
         const QPalette usual = palette_of(Theme::platform);
-        std::swap(named.text, named.ground);
-        if (!named.text.isValid()) named.text = usual.base().color();
-        if (!named.ground.isValid()) named.ground = usual.text().color();
+        std::swap(named_text, named_ground);
+        if (!named_text.isValid()) named_text = usual.base().color();
+        if (!named_ground.isValid()) named_ground = usual.text().color();
     }
     QApplication::setPalette(palette_of(theme_in(settings)));
     if (options.font.empty()) return;
@@ -75,12 +67,12 @@ void set_up_appearance(const LookOptions &options, const Settings &settings) {
 }
 
 void use_theme(Theme theme, Settings &settings) {
-    settings.remember("theme", static_cast<int>(theme));
+    settings.setValue("theme", static_cast<int>(theme));
     QApplication::setPalette(palette_of(theme));
 }
 
 Theme theme_in(const Settings &settings) {
-    const int theme = settings.number("theme", 0);
+    const int theme = settings.value("theme", 0).toInt();
     return theme == 1 ? Theme::light : theme == 2 ? Theme::dark : Theme::platform;
 }
 

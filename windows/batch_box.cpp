@@ -7,18 +7,12 @@
 #include "windows/workbench.hpp"
 
 namespace brindle {
-namespace {
-
-constexpr int slider_width = 130;
-
-}  // namespace
 
 BatchBox::BatchBox(TreeWindow &owner, int trees) : CommandWindow(owner, "Batch processing") {
     add_range(trees);
     add_random_selection(trees);
     new_row();
     add_message("Actions:", true);
-    add_node_actions();
     add_actions();
     new_row();
     abort_ = add_button("Abort", [this] { stop(); });
@@ -26,9 +20,7 @@ BatchBox::BatchBox(TreeWindow &owner, int trees) : CommandWindow(owner, "Batch p
     add_cancel();
     auto *interrupt = new QAction(this);
     interrupt->setShortcut(QKeySequence("Ctrl+C"));
-    connect(interrupt, &QAction::triggered, this, [this] {
-        if (TreeWindow *running = window_in_hand().workbench().run().window()) running->stop_batch();
-    });
+    connect(interrupt, &QAction::triggered, this, [this] { window_in_hand().workbench().stop_batch(); });
     addAction(interrupt);
 }
 
@@ -40,9 +32,9 @@ void BatchBox::add_range(int trees) {
     new_row();
     add_message("Range of trees:", true);
     new_row();
-    from_ = add_slider("From:", 1, trees, 1, slider_width);
+    from_ = add_slider("From:", 1, trees, 1);
     new_row();
-    to_ = add_slider("To:    ", 1, trees, trees, slider_width);
+    to_ = add_slider("To:    ", 1, trees, trees);
     from_->align_with(*to_);
     connect(from_, &NumberSlider::changed, this, &BatchBox::move_start);
     connect(to_, &NumberSlider::changed, this, &BatchBox::move_end);
@@ -53,25 +45,20 @@ void BatchBox::add_range(int trees) {
 
 void BatchBox::add_random_selection(int trees) {
     new_row();
-    size_label_ = add_message("Size of random selection:", true);
+    QLabel *size_label = add_message("Size of random selection:", true);
     new_row();
-    size_ = add_slider("#", 0, trees, 0, slider_width);
+    size_ = add_slider("#", 0, trees, 0);
     new_row();
-    seed_label_ = add_message("Seed:");
+    QLabel *seed_label = add_message("Seed:");
     seed_ = new QSpinBox;
     seed_->setRange(0, 2147483647);
     seed_->setValue(1);
     seed_->setButtonSymbols(QAbstractSpinBox::NoButtons);
     seed_->setAccessibleName("Seed:");
-    seed_label_->setBuddy(seed_);
+    seed_label->setBuddy(seed_);
     add_widget(seed_);
+    random_items_ = {size_label, size_, seed_label, seed_};
     set_random(false);
-}
-
-void BatchBox::add_action(const QString &label, Action action, bool same_row) {
-    if (!same_row) new_row();
-    QPushButton *button = add_button(label, {});
-    connect(button, &QPushButton::clicked, this, [button, action = std::move(action)] { action(*button); });
 }
 
 void BatchBox::open(const QWidget &below) {
@@ -83,27 +70,25 @@ void BatchBox::open(const QWidget &below) {
 // ---------------------------------------------------------------- the choice of trees
 
 SelectionChoice BatchBox::choice() const {
-    SelectionChoice choice;
-    choice.types = static_cast<TreeTypes>(types_->currentIndex());
-    choice.from = from_->value();
-    choice.to = to_->value();
-    choice.random = selection_->currentIndex() == 1;
-    choice.size = size_->value();
-    choice.seed = static_cast<unsigned>(seed_->value());
-    return choice;
+    return {.types = static_cast<TreeTypes>(types_->currentIndex()),
+            .from = from_->value(),
+            .to = to_->value(),
+            .random = selection_->currentIndex() == 1,
+            .size = size_->value(),
+            .seed = static_cast<unsigned>(seed_->value())};
 }
 
 void BatchBox::recount() {
     const int number = nr_of_appropriate_trees(corpus(), choice());
     amount_->setText(QString::number(number));
-    size_->set_maximum(number);
+    size_->set_range(0, number);
 }
 
 // The range's end cannot come before its start; a slider needs two values, so the last tree leaves it one
 // more.
 void BatchBox::move_start(int from) {
     const int last = corpus().amount();
-    to_->set_minimum(from == last ? last - 1 : from);
+    to_->set_range(std::min(from, last - 1), last);
     if (from == last) to_->set_value(last);
     recount();
 }
@@ -112,13 +97,12 @@ void BatchBox::move_end(int to) {
     if (to < from_->value())
         to_->set_value(from_->value());
     else
-        from_->set_maximum(to);
+        from_->set_range(1, to);
     recount();
 }
 
 void BatchBox::set_random(bool random) {
-    for (QWidget *item : std::initializer_list<QWidget *>{size_label_, size_, seed_label_, seed_})
-        item->setEnabled(random);
+    for (QWidget *item : random_items_) item->setEnabled(random);
 }
 
 // ---------------------------------------------------------------- runs

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "corpus/formats.hpp"
 #include "propose/run.hpp"
 #include "propose/selection.hpp"
 #include "windows/command_window.hpp"
@@ -37,10 +38,8 @@ class BatchBox final : public CommandWindow {
   private:
     void add_range(int trees);
     void add_random_selection(int trees);
-    void add_actions();       // batch_actions.cpp
-    void add_node_actions();  // node_runs.cpp
-    using Action = std::function<void(const QPushButton &)>;
-    void add_action(const QString &label, Action action, bool same_row = false);
+    void add_actions();  // batch_actions.cpp
+    QPushButton *add_action(const QString &label, std::function<void()> action);
 
     void recount();
     void move_start(int from);
@@ -50,29 +49,22 @@ class BatchBox final : public CommandWindow {
     void begin();
     void show_progress(const std::string &text);
 
+    void add_results_requestor();
     void propose_and_evaluate_into(const std::string &name);
-    void write_selection(const std::string &name, int format);
+    void write_selection(const std::string &name, CorpusFormat format);
     void start_node_run(NodeRunKind kind, bool roots_only);
     void show_answer(const Node *node, std::string_view text);
-    friend class ResultsRequestor;
 
     QComboBox *types_, *selection_;
     NumberSlider *from_, *to_, *size_;
-    QLabel *amount_, *size_label_, *seed_label_;
+    QLabel *amount_;
     QSpinBox *seed_;
-    QPushButton *abort_;
+    QList<QWidget *> random_items_;  // what a random selection alone needs
+    QPushButton *evaluate_, *write_, *abort_;
+    CommandWindow *results_;  // "Save evaluation results in:"
     std::vector<int> trees_;  // of the run, in the order of processing
     int taken_ = 0;
     QElapsedTimer shown_;  // since the footer was written
-};
-
-// "Save evaluation results in:".
-class ResultsRequestor final : public CommandWindow {
-  public:
-    explicit ResultsRequestor(TreeWindow &owner);
-
-  private:
-    QLineEdit *name_;
 };
 
 }  // namespace brindle

@@ -1,30 +1,17 @@
 #include "windows/canvas.hpp"
 
-#include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <QPaintEvent>
-#include <QScrollBar>
-#include <QWheelEvent>
-
 #include <algorithm>
 #include <cmath>
 
 #include "windows/canvas_accessible.hpp"
 
 namespace brindle {
-
 namespace {
 
 constexpr double least_zoom = 1.0 / 50;
 constexpr double most_zoom = 8;
 constexpr int scroll_step = 20;
 constexpr double zoom_per_wheel_unit = 1.0015;  // a notch of the wheel is 120 of them
-
-TreeFonts start_fonts() {
-    const auto fonts = find_tree_fonts(start_font, LayoutParams().font_scale);
-    return fonts ? *fonts : TreeFonts();
-}
 
 // What start makes a place visible on a bar's scale.
 int start_with(double at, const QScrollBar &bar) {
@@ -49,7 +36,8 @@ QPoint wheel_distance(const QWheelEvent &event) {
 }  // namespace
 
 Canvas::Canvas(QWidget *parent)
-    : QAbstractScrollArea(parent), picture_(start_fonts()), colours_(colours_for(palette())) {
+    : QAbstractScrollArea(parent),
+      picture_(find_tree_fonts(start_font, LayoutParams().font_scale).value_or(TreeFonts())) {
     install_canvas_accessibility();
     setObjectName(QStringLiteral("canvas"));
     setAccessibleName(tr("Tree"));
@@ -104,37 +92,23 @@ void Canvas::set_fonts(const TreeFonts &fonts) {
     cleared_ = cleared;
 }
 
-void Canvas::set_colours(const TreeColours &colours) {
-    own_colours_ = true;
-    colours_ = colours;
+void Canvas::set_colours(const std::optional<TreeColours> &own) {
+    own_colours_ = own;
     viewport()->update();
-}
-
-void Canvas::follow_palette() {
-    own_colours_ = false;
-    colours_ = colours_for(palette());
-    viewport()->update();
-}
-
-void Canvas::changeEvent(QEvent *event) {
-    if (event->type() == QEvent::PaletteChange && !own_colours_) {
-        colours_ = colours_for(palette());
-        viewport()->update();
-    }
-    QAbstractScrollArea::changeEvent(event);
 }
 
 void Canvas::paintEvent(QPaintEvent *event) {
     lay_out_now();
     QPainter painter(viewport());
-    painter.fillRect(event->rect(), colours_.ground);
+    const TreeColours now = colours();
+    painter.fillRect(event->rect(), now.ground);
     if (picture_.is_laid_out()) {
         painter.scale(zoom_, zoom_);
         painter.translate(-origin());
         const QRectF part(picture_place(event->rect().topLeft()), QSizeF(event->rect().size()) / zoom_);
-        picture_.paint(painter, part, colours_, true);
+        picture_.paint(painter, part, now, true);
     } else if (!message_.isEmpty()) {
-        painter.setPen(colours_.category);
+        painter.setPen(now.category);
         painter.setFont(picture_.fonts().word);
         painter.drawText(QPoint(top_baseline, top_baseline), message_);
     }
@@ -144,14 +118,6 @@ void Canvas::paintEvent(QPaintEvent *event) {
 
 QPointF Canvas::origin() const {
     return QPointF(horizontalScrollBar()->value(), verticalScrollBar()->value()) / zoom_;
-}
-
-QPointF Canvas::picture_place(QPointF at) const {
-    return origin() + at / zoom_;
-}
-
-QPointF Canvas::view_place(QPointF place) const {
-    return (place - origin()) * zoom_;
 }
 
 QPoint Canvas::screen_place_of(const Node *node) {
@@ -188,21 +154,19 @@ void Canvas::scrollContentsBy(int dx, int dy) {
         viewport()->update();
 }
 
-void Canvas::scroll_to_start() {
-    horizontalScrollBar()->setValue(0);
-    verticalScrollBar()->setValue(0);
+void Canvas::scroll_to(QPoint start) {
+    horizontalScrollBar()->setValue(start.x());
+    verticalScrollBar()->setValue(start.y());
 }
 
 void Canvas::scroll_by(int dx, int dy) {
-    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + dx);
-    verticalScrollBar()->setValue(verticalScrollBar()->value() + dy);
+    scroll_to({horizontalScrollBar()->value() + dx, verticalScrollBar()->value() + dy});
 }
 
 void Canvas::make_visible(const Node *node) {
     lay_out_now();
     const QPointF at = picture_.place_of(node) * zoom_;
-    horizontalScrollBar()->setValue(start_with(at.x(), *horizontalScrollBar()));
-    verticalScrollBar()->setValue(start_with(at.y(), *verticalScrollBar()));
+    scroll_to({start_with(at.x(), *horizontalScrollBar()), start_with(at.y(), *verticalScrollBar())});
 }
 
 double Canvas::fitting_zoom() const {
@@ -222,10 +186,7 @@ void Canvas::set_zoom(double zoom, QPointF around) {
     lay_out_now();
     const QPointF fixed = picture_place(around);
     take_zoom(std::clamp(zoom, std::min(least_zoom, fitting_zoom()), most_zoom));
-    const QPoint start = (fixed * zoom_ - around).toPoint();
-    horizontalScrollBar()->setValue(start.x());
-    verticalScrollBar()->setValue(start.y());
-    if (on_zoom) on_zoom(zoom_);
+    scroll_to((fixed * zoom_ - around).toPoint());
 }
 
 void Canvas::set_zoom(double zoom) {
@@ -236,7 +197,6 @@ void Canvas::fit() {
     lay_out_now();
     take_zoom(fitting_zoom());
     scroll_to_start();
-    if (on_zoom) on_zoom(zoom_);
 }
 
 // ---------------------------------------------------------------- mouse and keys
@@ -264,11 +224,6 @@ void Canvas::mousePressEvent(QMouseEvent *event) {
     may_pan_ = event->button() == Qt::LeftButton && !hit.node;
     pan_from_ = event->position().toPoint();
     if (on_press) on_press(*event, hit);
-}
-
-// A second click is a press like the first.
-void Canvas::mouseDoubleClickEvent(QMouseEvent *event) {
-    mousePressEvent(event);
 }
 
 void Canvas::mouseMoveEvent(QMouseEvent *event) {

@@ -4,6 +4,7 @@
 #include <QAbstractScrollArea>
 
 #include <functional>
+#include <optional>
 
 #include "drawing/tree_picture.hpp"
 
@@ -39,19 +40,20 @@ class Canvas final : public QAbstractScrollArea {
     void clear();
     void set_message(const QString &text);
     void set_fonts(const TreeFonts &fonts);
-    void set_colours(const TreeColours &colours);
-    void follow_palette();  // the colours are the palette's again, as at first
-    const TreeColours &colours() const { return colours_; }
+    // Without colours of its own a canvas follows the palette.
+    void set_colours(const std::optional<TreeColours> &own);
+    TreeColours colours() const { return own_colours_ ? *own_colours_ : colours_for(palette()); }
     const TreePicture &picture() const { return picture_; }
 
     // Scrolling, in pixels of the view.
-    void scroll_to_start();
+    void scroll_to_start() { scroll_to({0, 0}); }
     void scroll_by(int dx, int dy);
     // Brings a node into view: scrolls only if its place is outside, then to the middle.
     void make_visible(const Node *node);
-    // Where a node stands, or a box of it, on the screen.
+    // Where a node stands on the screen; a box of it in the viewport; what lies at a place of the viewport.
     QPoint screen_place_of(const Node *node);
-    QRect view_box_of(const QRectF &picture_box) const;  // in the viewport
+    QRect view_box_of(const QRectF &picture_box) const;
+    QPointF picture_place(QPointF at) const { return origin() + at / zoom_; }
 
     // The node that keys act on, for those to whom the screen is read aloud; null: none.
     void set_focus_node(const Node *node);
@@ -62,7 +64,6 @@ class Canvas final : public QAbstractScrollArea {
     void set_zoom(double zoom, QPointF around);  // `around`, in the viewport, stays where it is
     void set_zoom(double zoom);                  // around the middle
     void fit();                                  // the whole tree; at most zoom 1
-    std::function<void(double)> on_zoom;
 
   protected:
     void paintEvent(QPaintEvent *event) override;
@@ -72,26 +73,24 @@ class Canvas final : public QAbstractScrollArea {
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
-    void changeEvent(QEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override { mousePressEvent(event); }
     void scrollContentsBy(int dx, int dy) override;
 
   private:
-    QPointF origin() const;                   // the picture's place at the viewport's upper left corner
-    QPointF picture_place(QPointF at) const;  // of a place in the viewport
-    QPointF view_place(QPointF place) const;  // and back
+    QPointF origin() const;  // the picture's place at the viewport's upper left corner
+    QPointF view_place(QPointF place) const { return (place - origin()) * zoom_; }
+    void scroll_to(QPoint start);
     double fitting_zoom() const;
     void adjust_bars();
     void take_zoom(double zoom);
 
     TreePicture picture_;
-    TreeColours colours_;
+    std::optional<TreeColours> own_colours_;
     QString message_;
     double zoom_ = 1;
     const Node *focus_node_ = nullptr;
     bool cleared_ = false;
     bool layout_is_due_ = false;
-    bool own_colours_ = false;
     QPoint pan_from_;
     bool may_pan_ = false;  // the left button went down on empty canvas
     bool panning_ = false;

@@ -1,9 +1,5 @@
 #include "windows/canvas_accessible.hpp"
 
-#include <QAccessibleWidget>
-#include <QPointer>
-#include <QWindow>
-
 #include <unordered_map>
 
 #include "drawing/text.hpp"
@@ -11,28 +7,46 @@
 #include "windows/canvas.hpp"
 
 namespace brindle {
-
 namespace {
 
-// Hands out the nodes' interfaces, and takes those back whose nodes are no longer shown.
+// The canvas. It hands out the nodes' interfaces, and takes those back whose nodes are no longer shown.
 class CanvasAccessible final : public QAccessibleWidget {
   public:
     explicit CanvasAccessible(Canvas *canvas) : QAccessibleWidget(canvas, QAccessible::Tree) {}
-    ~CanvasAccessible() override;
+    ~CanvasAccessible() override {
+        for (const auto &[node, id] : items_) QAccessible::deleteAccessibleInterface(id);
+    }
 
     int childCount() const override { return root() ? 1 : 0; }
     QAccessibleInterface *child(int index) const override { return index == 0 ? item(root()) : nullptr; }
-    int indexOfChild(const QAccessibleInterface *child) const override;
-    QAccessibleInterface *childAt(int x, int y) const override;
-    QAccessibleInterface *focusChild() const override;
+    int indexOfChild(const QAccessibleInterface *child) const override {
+        return child && child == item(root()) ? 0 : -1;
+    }
+    QAccessibleInterface *childAt(int x, int y) const override {
+        if (!root()) return nullptr;
+        const QPointF at = canvas()->viewport()->mapFromGlobal(QPoint(x, y));
+        return item(canvas()->picture().hit(canvas()->picture_place(at)).node);
+    }
+    QAccessibleInterface *focusChild() const override {
+        return canvas()->hasFocus() ? item(canvas()->focus_node()) : nullptr;
+    }
 
     // Null for a node that is not shown.
     QAccessibleInterface *item(const Node *node) const;
 
   private:
     Canvas *canvas() const { return static_cast<Canvas *>(widget()); }
-    const Node *root() const;
-    void forget_hidden() const;
+    const Node *root() const {
+        canvas()->lay_out_now();
+        return canvas()->picture().root();
+    }
+    void forget_hidden() const {
+        std::erase_if(items_, [layout = canvas()->picture().layout()](const auto &item) {
+            if (layout->find(item.first)) return false;
+            QAccessible::deleteAccessibleInterface(item.second);
+            return true;
+        });
+    }
 
     mutable std::unordered_map<const Node *, QAccessible::Id> items_;
     mutable const Node *root_of_items_ = nullptr;
@@ -49,17 +63,44 @@ class NodeAccessible final : public QAccessibleInterface {
     QAccessible::State state() const override;
     QString text(QAccessible::Text kind) const override;
     void setText(QAccessible::Text, const QString &) override {}
-    QRect rect() const override;
+    QRect rect() const override {
+        if (!placed()) return {};
+        return {canvas_->viewport()->mapToGlobal(view_box().topLeft()), view_box().size()};
+    }
 
-    QAccessibleInterface *parent() const override;
-    int childCount() const override;
-    QAccessibleInterface *child(int index) const override;
-    int indexOfChild(const QAccessibleInterface *child) const override;
-    QAccessibleInterface *childAt(int x, int y) const override;
+    QAccessibleInterface *parent() const override {
+        const PlacedNode *here = placed();
+        if (!here) return nullptr;
+        return here->mother < 0 ? tree() : tree()->item(node_->mother());
+    }
+    int childCount() const override {
+        int count = 0;
+        for (const Node *d = first(); d; d = next(d)) ++count;
+        return count;
+    }
+    QAccessibleInterface *child(int index) const override {
+        const Node *daughter = index < 0 ? nullptr : first();
+        for (; daughter && index > 0; --index) daughter = next(daughter);
+        return daughter ? tree()->item(daughter) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface *child) const override {
+        const auto *item = dynamic_cast<const NodeAccessible *>(child);
+        return item && item->placed() && item->node_->mother() == node_ ? item->node_->position() - 1 : -1;
+    }
+    QAccessibleInterface *childAt(int x, int y) const override {
+        QAccessibleInterface *item = placed() ? tree()->childAt(x, y) : nullptr;
+        return indexOfChild(item) >= 0 ? item : nullptr;
+    }
 
   private:
     // Null: the node is no longer shown, and may be no more.
-    const PlacedNode *placed() const;
+    const PlacedNode *placed() const {
+        if (!canvas_) return nullptr;
+        canvas_->lay_out_now();
+        const TreeLayout *layout = canvas_->picture().layout();
+        return layout ? layout->find(node_) : nullptr;
+    }
+    QRect view_box() const { return canvas_->view_box_of(canvas_->picture().node_box(node_)); }
     CanvasAccessible *tree() const {
         return static_cast<CanvasAccessible *>(QAccessible::queryAccessibleInterface(canvas_));
     }
@@ -72,63 +113,6 @@ class NodeAccessible final : public QAccessibleInterface {
     const Node *node_;
 };
 
-// ---------------------------------------------------------------- the canvas
-
-CanvasAccessible::~CanvasAccessible() {
-    for (const auto &[node, id] : items_) QAccessible::deleteAccessibleInterface(id);
-}
-
-const Node *CanvasAccessible::root() const {
-    canvas()->lay_out_now();
-    return canvas()->picture().root();
-}
-
-void CanvasAccessible::forget_hidden() const {
-    const TreeLayout *layout = canvas()->picture().layout();
-    std::erase_if(items_, [&](const auto &item) {
-        if (layout->find(item.first)) return false;
-        QAccessible::deleteAccessibleInterface(item.second);
-        return true;
-    });
-}
-
-QAccessibleInterface *CanvasAccessible::item(const Node *node) const {
-    const Node *shown_root = root();
-    if (!node || !shown_root || !canvas()->picture().layout()->find(node)) return nullptr;
-    if (shown_root != root_of_items_) forget_hidden();
-    root_of_items_ = shown_root;
-    const auto known = items_.find(node);
-    if (known != items_.end()) return QAccessible::accessibleInterface(known->second);
-    auto *interface = new NodeAccessible(canvas(), node);  // deleted with its id
-    items_.emplace(node, QAccessible::registerAccessibleInterface(interface));
-    return interface;
-}
-
-int CanvasAccessible::indexOfChild(const QAccessibleInterface *child) const {
-    return child && child == item(root()) ? 0 : -1;
-}
-
-QAccessibleInterface *CanvasAccessible::childAt(int x, int y) const {
-    if (!root()) return nullptr;
-    const TreePicture &picture = canvas()->picture();
-    const QPointF at = canvas()->viewport()->mapFromGlobal(QPoint(x, y));
-    const QPointF start = canvas()->view_box_of({}).topLeft();
-    return item(picture.hit((at - start) / canvas()->zoom()).node);
-}
-
-QAccessibleInterface *CanvasAccessible::focusChild() const {
-    return canvas()->hasFocus() ? item(canvas()->focus_node()) : nullptr;
-}
-
-// ---------------------------------------------------------------- a node
-
-const PlacedNode *NodeAccessible::placed() const {
-    if (!canvas_) return nullptr;
-    canvas_->lay_out_now();
-    const TreeLayout *layout = canvas_->picture().layout();
-    return layout ? layout->find(node_) : nullptr;
-}
-
 QAccessible::State NodeAccessible::state() const {
     QAccessible::State state;
     if (!placed()) {
@@ -139,8 +123,7 @@ QAccessible::State NodeAccessible::state() const {
     state.selected = node_->selected();
     state.focused = canvas_->focus_node() == node_ && canvas_->hasFocus();
     state.expandable = state.expanded = node_->dtrs() != nullptr;
-    state.offscreen =
-        !canvas_->viewport()->rect().intersects(canvas_->view_box_of(canvas_->picture().node_box(node_)));
+    state.offscreen = !canvas_->viewport()->rect().intersects(view_box());
     return state;
 }
 
@@ -152,50 +135,23 @@ QString NodeAccessible::text(QAccessible::Text kind) const {
     return name;
 }
 
-QRect NodeAccessible::rect() const {
-    if (!placed()) return {};
-    const QRect box = canvas_->view_box_of(canvas_->picture().node_box(node_));
-    return {canvas_->viewport()->mapToGlobal(box.topLeft()), box.size()};
-}
-
-QAccessibleInterface *NodeAccessible::parent() const {
-    const PlacedNode *here = placed();
-    if (!here) return nullptr;
-    return here->mother < 0 ? tree() : tree()->item(node_->mother());
-}
-
-int NodeAccessible::childCount() const {
-    int count = 0;
-    for (const Node *d = first(); d; d = next(d)) ++count;
-    return count;
-}
-
-QAccessibleInterface *NodeAccessible::child(int index) const {
-    if (index < 0) return nullptr;
-    const Node *daughter = first();
-    for (int i = 0; daughter && i < index; ++i) daughter = next(daughter);
-    return daughter ? tree()->item(daughter) : nullptr;
-}
-
-int NodeAccessible::indexOfChild(const QAccessibleInterface *child) const {
-    const auto *item = dynamic_cast<const NodeAccessible *>(child);
-    return item && item->placed() && item->node_->mother() == node_ ? item->node_->position() - 1 : -1;
-}
-
-QAccessibleInterface *NodeAccessible::childAt(int x, int y) const {
-    QAccessibleInterface *item = placed() ? tree()->childAt(x, y) : nullptr;
-    return indexOfChild(item) >= 0 ? item : nullptr;
-}
-
-QAccessibleInterface *make_interface(const QString &, QObject *object) {
-    auto *canvas = qobject_cast<Canvas *>(object);
-    return canvas ? new CanvasAccessible(canvas) : nullptr;
+QAccessibleInterface *CanvasAccessible::item(const Node *node) const {
+    const Node *shown_root = root();
+    if (!node || !shown_root || !canvas()->picture().layout()->find(node)) return nullptr;
+    if (shown_root != root_of_items_) forget_hidden();
+    root_of_items_ = shown_root;
+    const auto [at, is_new] = items_.try_emplace(node);
+    if (is_new) at->second = QAccessible::registerAccessibleInterface(new NodeAccessible(canvas(), node));
+    return QAccessible::accessibleInterface(at->second);
 }
 
 }  // namespace
 
 void install_canvas_accessibility() {
-    QAccessible::installFactory(make_interface);
+    QAccessible::installFactory([](const QString &, QObject *object) -> QAccessibleInterface * {
+        auto *canvas = qobject_cast<Canvas *>(object);
+        return canvas ? new CanvasAccessible(canvas) : nullptr;
+    });
 }
 
 void tell_focus_node(Canvas &canvas) {

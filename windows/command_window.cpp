@@ -81,8 +81,9 @@ void CommandWindow::add_widget(QWidget *widget) {
     row_->insertWidget(row_->count() - 1, widget);
 }
 
-QLabel *CommandWindow::add_label(const QString &text) {
+QLabel *CommandWindow::add_label(const QString &text, QWidget *buddy) {
     auto *label = new QLabel(text);
+    label->setBuddy(buddy);
     label->setTextFormat(Qt::PlainText);
     add_widget(label);
     return label;
@@ -96,25 +97,21 @@ QLabel *CommandWindow::add_message(const QString &text, bool bold) {
     return label;
 }
 
-QLineEdit *CommandWindow::add_field(const QString &label, int shown_characters) {
-    field_labels_ << add_label(label);
-    auto *field = new QLineEdit;
+QLineEdit *CommandWindow::add_field(QLineEdit *field, const QString &label, int shown_characters) {
+    field_labels_ << add_label(label, field);
     field->setAccessibleName(label);
     field->setMinimumWidth(shown_characters * fontMetrics().averageCharWidth() + 16);
-    field_labels_.back()->setBuddy(field);
     add_widget(field);
     row_->setStretchFactor(field, 1);
     return field;
 }
 
+QLineEdit *CommandWindow::add_field(const QString &label, int shown_characters) {
+    return add_field(new QLineEdit, label, shown_characters);
+}
+
 QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_characters) {
-    field_labels_ << add_label(label);
-    auto *field = new FileField;
-    field->setAccessibleName(label);
-    field->setMinimumWidth(shown_characters * fontMetrics().averageCharWidth() + 16);
-    field_labels_.back()->setBuddy(field);
-    add_widget(field);
-    row_->setStretchFactor(field, 1);
+    QLineEdit *field = add_field(new FileField, label, shown_characters);
     QPushButton *browse = add_button("Browse...", [this, field] {
         const QString name = QFileDialog::getSaveFileName(this, windowTitle(), field->text(), {}, nullptr,
                                                           QFileDialog::DontConfirmOverwrite);
@@ -125,9 +122,8 @@ QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_charact
 }
 
 QComboBox *CommandWindow::add_choice(const QString &label, const QStringList &options) {
-    QLabel *before = add_label(label);
     auto *choice = new QComboBox;
-    before->setBuddy(choice);
+    add_label(label, choice);
     choice->addItems(options);
     choice->setAccessibleName(label);
     add_widget(choice);
@@ -178,6 +174,23 @@ void CommandWindow::keyPressEvent(QKeyEvent *event) {
     auto *button = qobject_cast<QPushButton *>(focusWidget());
     if (button && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) return button->click();
     QDialog::keyPressEvent(event);
+}
+
+// ---------------------------------------------------------------- one text
+
+void Requestor::ask_for(QLineEdit *field, std::function<void(const std::string &text)> take) {
+    field_ = field;
+    add_ok_and_cancel([this, take = std::move(take)] {
+        hide();
+        take(to_locale(field_->text()));
+    });
+}
+
+void Requestor::open(Node *node) {
+    hide();
+    node_ = node;
+    field_->setFocus();
+    show_at(window_in_hand().menu_place());
 }
 
 }  // namespace brindle

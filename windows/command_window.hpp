@@ -41,7 +41,6 @@ class CommandWindow : public QDialog {
     TreeWindow &window_in_hand() const { return owner_; }
     Corpus &corpus() const;
 
-  protected:
     // Items come one after another into the row; labels are shown as they are.
     void new_row();
     QLabel *add_message(const QString &text, bool bold = false);
@@ -50,7 +49,7 @@ class CommandWindow : public QDialog {
     QLineEdit *add_file_field(const QString &label, int shown_characters);
     QComboBox *add_choice(const QString &label, const QStringList &options);
     QCheckBox *add_check_box(const QString &label, bool on);
-    NumberSlider *add_slider(const QString &label, int min, int max, int value, int scale_width);
+    NumberSlider *add_slider(const QString &label, int min, int max, int value, int scale_width = 130);
     QPushButton *add_button(const QString &label, std::function<void()> pressed);
     void add_widget(QWidget *widget);
     // "Cancel" does what Escape and the window manager's button do: reject().
@@ -60,15 +59,34 @@ class CommandWindow : public QDialog {
     // Makes the labels of the fields added so far equally wide, so that the fields stand in a column.
     void align_fields();
 
+  protected:
     void keyPressEvent(QKeyEvent *event) override;
 
   private:
-    QLabel *add_label(const QString &text);
+    QLabel *add_label(const QString &text, QWidget *buddy = nullptr);
+    QLineEdit *add_field(QLineEdit *field, const QString &label, int shown_characters);
 
     TreeWindow &owner_;
     QVBoxLayout *rows_;
     QHBoxLayout *row_ = nullptr;
     QList<QLabel *> field_labels_;
+};
+
+// A command window that asks for one text, about a node or about none.
+class Requestor final : public CommandWindow {
+  public:
+    using CommandWindow::CommandWindow;
+
+    // Ends its rows with "Ok" and "Cancel": "Ok" hides it and hands over what the field says.
+    void ask_for(QLineEdit *field, std::function<void(const std::string &text)> take);
+    QLineEdit &field() { return *field_; }
+    // Opens it where the last menu was.
+    void open(Node *node);
+    Node *node() const override { return node_; }
+
+  private:
+    QLineEdit *field_ = nullptr;
+    Node *node_ = nullptr;
 };
 
 }  // namespace brindle

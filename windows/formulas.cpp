@@ -5,6 +5,7 @@
 #include "drawing/text.hpp"
 #include "prolog/checking.hpp"
 #include "prolog/run_once.hpp"
+#include "windows/command_window.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
 
@@ -82,28 +83,24 @@ Formula evaluate_root(Node *root, TreeWindow &window, const std::function<void()
 
 // ---------------------------------------------------------------- the predicate
 
-PredicateRequestor::PredicateRequestor(TreeWindow &owner) : CommandWindow(owner, "Evaluation predicate") {
-    add_message("Set predicate for this window");
-    new_row();
-    field_ = add_field("       Predicate:", 12);
-    new_row();
-    add_message("Note: Just give the name,do not");
-    new_row();
-    add_message("indicate arity or supply arguments");
-    add_ok_and_cancel([this] { take_predicate(); });
+Requestor *new_predicate_requestor(TreeWindow &owner) {
+    auto *requestor = new Requestor(owner, "Evaluation predicate");
+    requestor->add_message("Set predicate for this window");
+    requestor->new_row();
+    QLineEdit *field = requestor->add_field("       Predicate:", 12);
+    requestor->new_row();
+    requestor->add_message("Note: Just give the name,do not");
+    requestor->new_row();
+    requestor->add_message("indicate arity or supply arguments");
+    requestor->ask_for(field,
+                       [&owner](const std::string &text) { owner.set_footer(owner.predicate.set(text)); });
+    return requestor;
 }
 
-void PredicateRequestor::open() {
-    hide();
-    const Predicate &predicate = window_in_hand().predicate;
-    if (!predicate.is_null) field_->setText(to_qstring(predicate.text));
-    field_->setFocus();
-    show_at(window_in_hand().menu_place());
-}
-
-void PredicateRequestor::take_predicate() {
-    hide();
-    window_in_hand().set_footer(window_in_hand().predicate.set(to_locale(field_->text())));
+void ask_for_predicate(TreeWindow &window) {
+    Requestor &requestor = *window.predicate_requestor;
+    if (!window.predicate.is_null) requestor.field().setText(to_qstring(window.predicate.text));
+    requestor.open(nullptr);
 }
 
 }  // namespace brindle

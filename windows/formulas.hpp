@@ -4,10 +4,11 @@
 
 #include "corpus/information.hpp"
 #include "prolog/expansion.hpp"
-#include "windows/command_window.hpp"
 
 namespace brindle {
 
+class Node;
+class Requestor;
 class TreeWindow;
 
 // "filter": asks for a new tag.
@@ -18,16 +19,9 @@ void evaluate_subtree(TreeWindow &window, Node &node);
 void show_expansion(TreeWindow &window, Node &node);
 void expand_annotations(TreeWindow &window, Node &node);
 
-// "Evaluation predicate".
-class PredicateRequestor final : public CommandWindow {
-  public:
-    explicit PredicateRequestor(TreeWindow &owner);
-    void open();
-
-  private:
-    void take_predicate();
-    QLineEdit *field_;
-};
+// "Evaluation predicate": its requestor, which the window owns; and opening that.
+Requestor *new_predicate_requestor(TreeWindow &owner);
+void ask_for_predicate(TreeWindow &window);
 
 // What a command says that would ask Prolog something while it is answering: the text at the node, with "I
 // Know" and "Please try to fix that"; the latter gives a Prolog that waits for input an answer.

@@ -10,22 +10,15 @@
 namespace brindle {
 namespace {
 
-constexpr std::size_t longest_name = 34;
-constexpr std::size_t cut_name = 31;
-
-// The longest beginning of the text of at most `size` bytes that cuts no character in two.
-std::string_view beginning(std::string_view text, std::size_t size) {
-    if (text_mode() == TextMode::utf8)
-        while (size > 0 && (static_cast<unsigned char>(text[size]) & 0xC0) == 0x80) --size;
-    return text.substr(0, size);
+// A long name is cut.
+QString edit_label(std::string_view corpus) {
+    constexpr std::size_t longest_name = 34, cut_name = 31;
+    const bool fits = corpus.size() <= longest_name;
+    const std::string name = fits ? std::string(corpus) : std::string(beginning(corpus, cut_name)) + "...";
+    return "Edit " + to_qstring(name).replace("&", "&&");
 }
 
 }  // namespace
-
-std::string edit_label(std::string_view corpus) {
-    if (corpus.size() <= longest_name) return "Edit " + std::string(corpus);
-    return "Edit " + std::string(beginning(corpus, cut_name)) + "...";
-}
 
 void set_footer(QMainWindow &window, std::string_view text) {
     const QString shown = to_qstring(clean_message(text));
@@ -60,7 +53,7 @@ MainWindow::MainWindow(Workbench &workbench)
     column->addWidget(output_, 1);
     setCentralWidget(whole);
     set_query_label("query:  ?-");
-    edit_->setText(to_qstring(edit_label(workbench.corpus().name)).replace("&", "&&"));
+    edit_->setText(edit_label(workbench.corpus().name));
     set_footer("Output window");
     resize(workbench.settings().window_size("main", {std::max(560, row->sizeHint().width() + 40), 400}));
 }
@@ -75,12 +68,8 @@ void MainWindow::set_footer(std::string_view text) {
 }
 
 void MainWindow::show_corpus_name() {
-    edit_->setText(to_qstring(edit_label(workbench_.corpus().name)).replace("&", "&&"));
+    edit_->setText(edit_label(workbench_.corpus().name));
     setWindowTitle(to_qstring(workbench_.corpus().name));
-}
-
-void MainWindow::remember() {
-    workbench_.settings().remember_size("main", *this);
 }
 
 // Closing it is "Quit".

@@ -2,7 +2,6 @@
 // The main window: "Quit", the Prolog query field, "Edit", the output window.
 #include <QMainWindow>
 
-#include <string>
 #include <string_view>
 
 class QLabel;
@@ -25,8 +24,6 @@ class MainWindow final : public QMainWindow {
     void set_footer(std::string_view text);
     // "Edit" and the title show the corpus' name.
     void show_corpus_name();
-    // Keeps its size for the next start.
-    void remember();
 
   protected:
     void closeEvent(QCloseEvent *event) override;
@@ -38,10 +35,6 @@ class MainWindow final : public QMainWindow {
     QPushButton *edit_;
     OutputWindow *output_;
 };
-
-// The label of the "Edit" button for a corpus name: "Edit %s", a name of more than 34 bytes cut to its first
-// 31 and "...".
-std::string edit_label(std::string_view corpus);
 
 // Shows a footer: in the status line, and in the window's property "footer".
 void set_footer(QMainWindow &window, std::string_view text);

@@ -2,13 +2,12 @@
 
 #include "edit/change.hpp"
 #include "model/traversal.hpp"
-#include "windows/copy_mode.hpp"
+#include "windows/command_window.hpp"
 #include "windows/formulas.hpp"
-#include "windows/latex_requestor.hpp"
+#include "windows/label_editors.hpp"
 #include "windows/selector.hpp"
 #include "windows/size_controller.hpp"
 #include "windows/syntax_editor.hpp"
-#include "windows/tag_editor.hpp"
 #include "windows/tree_window.hpp"
 
 namespace brindle {
@@ -20,7 +19,16 @@ void with_tree(TreeWindow &window, Function &&function) {
     if (const Tree *tree = window.current_tree()) do_with(tree->root, function);
 }
 
-// One of several, of which one is marked.
+constexpr const char *font_styles[] = {"lucida-normal", "lucida-bold",    "lucida-italic", "times-roman",
+                                       "times-normal",  "times-bold",     "times-italic",  "courier-normal",
+                                       "courier-bold",  "courier-italic", "serif-normal",  "serif-bold",
+                                       "serif-italic"};
+
+constexpr std::pair<const char *, int> font_sizes[] = {
+    {"default", 2}, {"small", 0}, {"medium", 1}, {"large", 3}};
+
+}  // namespace
+
 void add_choice(QMenu &menu, const QString &label, bool chosen, std::function<void()> f) {
     QAction *action = menu.addAction(label, &menu, std::move(f));
     auto *group = menu.findChild<QActionGroup *>();
@@ -29,25 +37,12 @@ void add_choice(QMenu &menu, const QString &label, bool chosen, std::function<vo
     action->setChecked(chosen);
 }
 
-constexpr const char *font_styles[] = {"lucida-normal", "lucida-bold",    "lucida-italic", "times-roman",
-                                       "times-normal",  "times-bold",     "times-italic",  "courier-normal",
-                                       "courier-bold",  "courier-italic", "serif-normal",  "serif-bold",
-                                       "serif-italic"};
-
-struct FontSize {
-    const char *label;
-    int scale;
-};
-constexpr FontSize font_sizes[] = {{"default", 2}, {"small", 0}, {"medium", 1}, {"large", 3}};
-
-}  // namespace
-
 void fill_tag_menu(QMenu &menu, TreeWindow &window, Node &node) {
     Corpus &corpus = window.corpus();
     Node *const n = &node;
-    menu.addAction("edit", &menu, [&window, n] { window.tag_editor->open(*n, window.menu_place()); });
+    menu.addAction("edit", &menu, [&window, n] { edit_tag(window, *n); });
     menu.addAction("select", &menu, [&window, n] { offer_tags(window, *n); });
-    menu.addAction("copy", &menu, [&window, n] { begin_copy_to(*n, window); });
+    menu.addAction("copy", &menu, [&window, n] { window.begin_copy(*n); });
     QMenu *clear_menu = menu.addMenu("clear");
     clear_menu->addAction("this node", &menu, [&corpus, n] { clear(corpus, n); });
     clear_menu->addAction("this tree", &menu, [&window, &corpus] {
@@ -69,8 +64,8 @@ void fill_subtree_menu(QMenu &menu, TreeWindow &window, Node &node) {
     menu.addAction("Evaluate subtree", &menu, [&window, n] { evaluate_subtree(window, *n); });
     menu.addAction("Show expanded annotation", &menu, [&window, n] { show_expansion(window, *n); });
     menu.addAction("Expand annotations", &menu, [&window, n] { expand_annotations(window, *n); });
-    menu.addAction("Evaluation predicate", &menu, [&window] { window.predicate_requestor->open(); });
-    menu.addAction("Export to LaTeX", &menu, [&window, n] { window.latex_requestor->open(*n); });
+    menu.addAction("Evaluation predicate", &menu, [&window] { ask_for_predicate(window); });
+    menu.addAction("Export to LaTeX", &menu, [&window, n] { window.latex_requestor->open(n); });
 }
 
 void fill_preferences(QMenu &menu, TreeWindow &window) {

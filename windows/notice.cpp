@@ -2,44 +2,62 @@
 
 #include <algorithm>
 
+#include "base/text.hpp"
 #include "drawing/text.hpp"
 #include "windows/output_window.hpp"
 
 namespace brindle {
 namespace {
 
-enum class Side { none, below, above, right, left };  // where the notice stands from what it points at
-
 constexpr int arrow_size = 10;
 constexpr int gap_down = 36 - arrow_size;  // to the place pointed at, which may have lines of text around it
 constexpr int gap_across = 60 - arrow_size;
 constexpr int longest_line = 620;
 
+int escape_value(const NoticeSpec &spec) {
+    if (spec.escape_value) return *spec.escape_value;
+    const auto cancel = std::ranges::find(spec.buttons, "Cancel", &NoticeButton::label);
+    return cancel == spec.buttons.end() ? spec.buttons.back().value : cancel->value;
+}
+
 class Notice final : public QDialog {
   public:
     Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at);
-    int answer() const { return answer_.value_or(escape_value()); }
+    int answer() const { return answer_.value_or(escape_value(spec_)); }
 
   protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override {
+        for (const NoticeKey &key : spec_.keys)
+            if (event->keyCombination() == key.key) return take(key.value);
+        QDialog::keyPressEvent(event);
+    }
+    void showEvent(QShowEvent *event) override {
+        QDialog::showEvent(event);
+        default_->setFocus();
+    }
+    void resizeEvent(QResizeEvent *event) override {
+        QDialog::resizeEvent(event);
+        if (points_) setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    }
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
-    void showEvent(QShowEvent *event) override;
 
   private:
     void add_message(QVBoxLayout &column);
     void add_buttons(QVBoxLayout &column);
-    void take(int value);
-    int escape_value() const;
+    void take(int value) {
+        answer_ = value;
+        accept();
+    }
     void place(const QWidget *owner, std::optional<QPoint> pointed_at);
+    void place_at(QPoint at, const QRect &area, QPoint over);
     QPainterPath outline() const;
 
     const NoticeSpec &spec_;
     QPushButton *default_ = nullptr;
     std::optional<int> answer_;
-    Side side_ = Side::none;
-    bool points_;
-    QPoint tip_;  // of the arrow, in the notice
+    const bool points_;
+    QPoint tip_;     // of the arrow, in the notice
+    QPoint inward_;  // the arrow's direction, from its tip; (0, 0): there is no room for an arrow
 };
 
 Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at)
@@ -62,20 +80,18 @@ void Notice::add_message(QVBoxLayout &column) {
     const QString text = to_qstring(clean_message(spec_.message));
     const QFontMetrics metrics(font());
     const int room = screen()->availableSize().height() * 2 / 3;
-    if (text.size() < 4000) {
-        const QRect needed = metrics.boundingRect(QRect(0, 0, longest_line, room),
-                                                  Qt::TextWordWrap | Qt::TextExpandTabs, text);
-        if (needed.height() <= room && needed.width() <= longest_line) {
-            auto *label = new QLabel(text);
-            label->setTextFormat(Qt::PlainText);
-            label->setWordWrap(metrics.boundingRect(QRect(), Qt::TextExpandTabs, text).width() >
-                               longest_line);
-            if (label->wordWrap()) label->setFixedWidth(longest_line);
-            label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-            label->setFocusPolicy(Qt::NoFocus);
-            column.addWidget(label);
-            return;
-        }
+    const auto size_within = [&](const QRect &space, int flags) {
+        return metrics.boundingRect(space, flags | Qt::TextExpandTabs, text.left(4000)).size();
+    };
+    const QSize wrapped = size_within(QRect(0, 0, longest_line, room), Qt::TextWordWrap);
+    if (text.size() < 4000 && wrapped.height() <= room && wrapped.width() <= longest_line) {
+        auto *label = new QLabel(text);
+        label->setTextFormat(Qt::PlainText);
+        label->setWordWrap(size_within({}, 0).width() > longest_line);
+        if (label->wordWrap()) label->setFixedWidth(longest_line);
+        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        label->setFocusPolicy(Qt::NoFocus);
+        return column.addWidget(label);
     }
     int end_column = 0;
     auto *view = new QPlainTextEdit(with_bearable_lines(text, end_column));
@@ -99,92 +115,52 @@ void Notice::add_buttons(QVBoxLayout &column) {
     column.addLayout(row);
 }
 
-void Notice::take(int value) {
-    answer_ = value;
-    accept();
-}
-
-int Notice::escape_value() const {
-    if (spec_.escape_value) return *spec_.escape_value;
-    const auto cancel = std::ranges::find(spec_.buttons, "Cancel", &NoticeButton::label);
-    return cancel == spec_.buttons.end() ? spec_.buttons.back().value : cancel->value;
-}
-
-void Notice::keyPressEvent(QKeyEvent *event) {
-    for (const NoticeKey &key : spec_.keys)
-        if (event->keyCombination() == key.key) return take(key.value);
-    QDialog::keyPressEvent(event);
-}
-
-void Notice::showEvent(QShowEvent *event) {
-    QDialog::showEvent(event);
-    default_->setFocus();
-}
-
-// Below what it points at, else above, right or left of it: wherever the screen has room.
+// Without a place to point at: over the middle of the owner's window.
 void Notice::place(const QWidget *owner, std::optional<QPoint> pointed_at) {
     adjustSize();
     const QRect area = (owner ? owner->screen() : screen())->availableGeometry();
-    const auto fitted = [](int wanted, int from, int room, int size) {
-        return std::clamp(wanted, from, std::max(from, from + room - size));
+    const auto fitted = [&](QPoint wanted) {
+        return QPoint(std::clamp(wanted.x(), area.left(), std::max(area.left(), area.right() + 1 - width())),
+                      std::clamp(wanted.y(), area.top(), std::max(area.top(), area.bottom() + 1 - height())));
     };
     if (!pointed_at) {
         const QRect over = owner ? owner->window()->frameGeometry() : area;
-        const QPoint middle = over.center();
-        move(fitted(middle.x() - width() / 2, area.x(), area.width(), width()),
-             fitted(middle.y() - height() / 2, area.y(), area.height(), height()));
-        return;
+        return move(fitted(over.center() - QPoint(width() / 2, height() / 2)));
     }
-    const QPoint at = *pointed_at;
-    const int x = fitted(at.x() - 30 - arrow_size, area.x(), area.width(), width());
-    const int y = fitted(at.y() - 30 - arrow_size, area.y(), area.height(), height());
-    if (at.y() + gap_down + height() <= area.bottom())
-        side_ = Side::below, move(x, at.y() + gap_down);
-    else if (at.y() - gap_down - height() >= area.top())
-        side_ = Side::above, move(x, at.y() - gap_down - height());
-    else if (at.x() + gap_across + width() <= area.right())
-        side_ = Side::right, move(at.x() + gap_across, y);
-    else if (at.x() - gap_across - width() >= area.left())
-        side_ = Side::left, move(at.x() - gap_across - width(), y);
-    else
-        move(x, y);
-    tip_ = at - pos();
+    place_at(*pointed_at, area, fitted(*pointed_at - QPoint(30 + arrow_size, 30 + arrow_size)));
+    tip_ = *pointed_at - pos();
 }
 
+// Below the place, else above, right or left of it: wherever the screen has room; else over it.
+void Notice::place_at(QPoint at, const QRect &area, QPoint over) {
+    const int below = at.y() + gap_down, above = at.y() - gap_down - height();
+    const int right = at.x() + gap_across, left = at.x() - gap_across - width();
+    if (below + height() <= area.bottom())
+        inward_ = {0, 1}, over.setY(below);
+    else if (above >= area.top())
+        inward_ = {0, -1}, over.setY(above);
+    else if (right + width() <= area.right())
+        inward_ = {1, 0}, over.setX(right);
+    else if (left >= area.left())
+        inward_ = {-1, 0}, over.setX(left);
+    move(over);
+}
+
+// A box with the arrow, whose tip is on the window's edge and whose foot is just inside the box.
 QPainterPath Notice::outline() const {
-    const QRectF body = QRectF(rect()).adjusted(arrow_size, arrow_size, -arrow_size, -arrow_size);
+    const QRect body = rect().adjusted(arrow_size, arrow_size, -arrow_size, -arrow_size);
     QPainterPath path;
     path.addRoundedRect(body, 6, 6);
-    if (side_ == Side::none) return path;
-    const double size = arrow_size;
-    const double x = std::clamp<double>(tip_.x(), body.left() + 2 * size, body.right() - 2 * size);
-    const double y = std::clamp<double>(tip_.y(), body.top() + 2 * size, body.bottom() - 2 * size);
-    QPolygonF arrow;
-    switch (side_) {
-        case Side::below:
-            arrow << QPointF(x - size, body.top() + 1) << QPointF(x, 0) << QPointF(x + size, body.top() + 1);
-            break;
-        case Side::above:
-            arrow << QPointF(x - size, body.bottom() - 1) << QPointF(x, height())
-                  << QPointF(x + size, body.bottom() - 1);
-            break;
-        case Side::right:
-            arrow << QPointF(body.left() + 1, y - size) << QPointF(0, y)
-                  << QPointF(body.left() + 1, y + size);
-            break;
-        default:
-            arrow << QPointF(body.right() - 1, y - size) << QPointF(width(), y)
-                  << QPointF(body.right() - 1, y + size);
-    }
-    QPainterPath point;
-    point.addPolygon(arrow);
-    point.closeSubpath();
-    return path.united(point);
-}
-
-void Notice::resizeEvent(QResizeEvent *event) {
-    QDialog::resizeEvent(event);
-    if (points_) setMask(QRegion(outline().toFillPolygon().toPolygon()));
+    if (inward_.isNull()) return path;
+    const QPoint foot(std::clamp(tip_.x(), body.left() + 2 * arrow_size, body.right() + 1 - 2 * arrow_size),
+                      std::clamp(tip_.y(), body.top() + 2 * arrow_size, body.bottom() + 1 - 2 * arrow_size));
+    const QPoint tip = inward_.y() ? QPoint(foot.x(), inward_.y() > 0 ? 0 : height())
+                                   : QPoint(inward_.x() > 0 ? 0 : width(), foot.y());
+    const QPoint end = tip + inward_ * (arrow_size + 1), aside = inward_.transposed() * arrow_size;
+    QPainterPath arrow;
+    arrow.addPolygon(QPolygon({end - aside, tip, end + aside}));
+    arrow.closeSubpath();
+    return path.united(arrow);
 }
 
 void Notice::paintEvent(QPaintEvent *event) {
@@ -203,8 +179,7 @@ int ask(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at
     if (!spec.silent) QApplication::beep();
     QPointer<Notice> notice = new Notice(owner, spec, pointed_at);
     notice->exec();
-    if (!notice) return spec.escape_value.value_or(spec.buttons.back().value);  // its owner has gone
-    const int answer = notice->answer();
+    const int answer = notice ? notice->answer() : escape_value(spec);  // null: its owner has gone
     delete notice;
     return answer;
 }

@@ -20,8 +20,7 @@ NumberSlider::NumberSlider(const QString &label, int min, int max, int value, in
     scale_->setMinimumWidth(scale_width);
     scale_->setFocusPolicy(Qt::TabFocus);
     setFocusProxy(field_);
-    set_minimum(min);
-    set_maximum(max);
+    set_range(min, max);
     set_value(value);
     connect(field_, &QSpinBox::valueChanged, this, &NumberSlider::take);
     connect(scale_, &QSlider::valueChanged, this, &NumberSlider::take);
@@ -37,27 +36,13 @@ void NumberSlider::take(int value) {
 int NumberSlider::value() const {
     return field_->value();
 }
-int NumberSlider::minimum() const {
-    return field_->minimum();
-}
-int NumberSlider::maximum() const {
-    return field_->maximum();
-}
-QString NumberSlider::label() const {
-    return label_->text();
-}
 QRect NumberSlider::field_box() const {
     return field_->geometry();
 }
 
 void NumberSlider::align_with(NumberSlider &other) {
-    const auto align = [](QWidget &a, QWidget &b) {
-        const int width = std::max(a.sizeHint().width(), b.sizeHint().width());
-        a.setMinimumWidth(width);
-        b.setMinimumWidth(width);
-    };
-    align(*label_, *other.label_);
-    align(*field_, *other.field_);
+    const int width = std::max(label_->sizeHint().width(), other.label_->sizeHint().width());
+    for (QLabel *label : {label_, other.label_}) label->setMinimumWidth(width);
 }
 
 void NumberSlider::take_focus() {
@@ -71,17 +56,11 @@ void NumberSlider::set_value(int value) {
     scale_->setValue(value);
 }
 
-void NumberSlider::set_minimum(int min) {
+void NumberSlider::set_range(int min, int max) {
     const QSignalBlocker quiet_field(field_), quiet_scale(scale_);
-    field_->setMinimum(min);
-    scale_->setMinimum(min);
-}
-
-void NumberSlider::set_maximum(int max) {
-    const QSignalBlocker quiet_field(field_), quiet_scale(scale_);
-    field_->setMaximum(max);
-    scale_->setMaximum(max);
-    scale_->setPageStep(std::max(1, (max - scale_->minimum()) / 20));
+    field_->setRange(min, max);
+    scale_->setRange(min, max);
+    scale_->setPageStep(std::max(1, (max - min) / 20));
 }
 
 }  // namespace brindle

@@ -14,16 +14,12 @@ class NumberSlider final : public QWidget {
     NumberSlider(const QString &label, int min, int max, int value, int scale_width = 130);
 
     int value() const;
-    int minimum() const;
-    int maximum() const;
-    QString label() const;
     QRect field_box() const;  // in this widget
-    // Label and field as wide as the other's, so that they stand in columns.
+    // The labels are equally wide, so that the fields stand in a column.
     void align_with(NumberSlider &other);
     // None of these reports a change; the value stays within the range.
     void set_value(int value);
-    void set_minimum(int min);
-    void set_maximum(int max);
+    void set_range(int min, int max);
     // The keyboard is the field's, whose number typing replaces.
     void take_focus();
 

@@ -7,8 +7,6 @@
 namespace brindle {
 namespace {
 
-constexpr std::size_t most_waiting = std::size_t{1} << 20;
-constexpr std::size_t at_once = std::size_t{1} << 16;  // so much takes some milliseconds
 constexpr int most_characters = 1 << 20;
 constexpr int longest_line = 2000;
 
@@ -39,13 +37,8 @@ OutputWindow::OutputWindow() {
     });
 }
 
-// A flood keeps its last part only: nobody could have read the rest.
 void OutputWindow::append_text(std::string_view bytes) {
-    waiting_ += bytes;
-    if (waiting_.size() > 2 * most_waiting) {
-        const std::size_t first = waiting_.size() - most_waiting;
-        waiting_.erase(0, std::min(waiting_.find('\n', first), first + longest_line) + 1);
-    }
+    waiting_.append(bytes);
     if (!timer_.isActive()) timer_.start(waiting_.size() > 4096 ? 20 : 0);
 }
 
@@ -54,19 +47,17 @@ void OutputWindow::flush() {
     }
 }
 
-// Shows the beginning of what waits. False: no whole character waits any more.
+// Shows the beginning of what waits, which takes some milliseconds. False: no whole character waits any more.
 bool OutputWindow::show_some() {
-    std::size_t size = std::min(waiting_.size(), at_once);
-    size -= unfinished_tail(std::string_view(waiting_).substr(0, size));
-    if (size == 0) return false;
-    QString shown = with_bearable_lines(to_qstring(std::string_view(waiting_).substr(0, size)), column_);
-    waiting_.erase(0, size);
+    const std::string piece = waiting_.take();
+    if (piece.empty()) return false;
+    const QString shown = with_bearable_lines(to_qstring(piece), column_);
     make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);
     cursor.insertText(shown);
     show_end();
-    return !waiting_.empty();
+    return waiting_.size() > 0;
 }
 
 // Removes the first lines, as many as the text that is to come is over the limit.

@@ -3,8 +3,9 @@
 #include <QPlainTextEdit>
 #include <QTimer>
 
-#include <string>
 #include <string_view>
+
+#include "base/backlog.hpp"
 
 namespace brindle {
 
@@ -28,7 +29,7 @@ class OutputWindow final : public QPlainTextEdit {
     void make_room(int characters);
     void show_end();
 
-    std::string waiting_;
+    Backlog waiting_;
     int column_ = 0;  // of the last line
     QTimer timer_;
 };

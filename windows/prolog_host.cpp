@@ -12,56 +12,48 @@
 #include "windows/workbench.hpp"
 
 namespace brindle {
-namespace {
 
-// It may be dropped in its own signal: it lives until the loop is back.
-void drop(QSocketNotifier *notifier) {
+// It may be dropped in its own signal: it lives, with what it calls, until the loop is back.
+void PrologWindowHost::Drop::operator()(QSocketNotifier *notifier) const {
     notifier->setEnabled(false);
     notifier->deleteLater();
 }
 
-}  // namespace
-
 PrologWindowHost::~PrologWindowHost() {
-    while (!inputs_.empty()) unwatch_input(inputs_.begin()->first);
     while (!children_.empty()) unwatch_child(children_.begin()->first);
+}
+
+PrologWindowHost::Notifier PrologWindowHost::notifier(int descriptor, std::function<void()> readable) {
+    Notifier notifier(new QSocketNotifier(descriptor, QSocketNotifier::Read));
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, std::move(readable));
+    return notifier;
 }
 
 void PrologWindowHost::watch_input(int fd, std::function<void(int)> handler) {
     unwatch_input(fd);
-    auto *notifier = new QSocketNotifier(fd, QSocketNotifier::Read);
-    QObject::connect(notifier, &QSocketNotifier::activated,
-                     [handler = std::move(handler), fd] { handler(fd); });
-    inputs_[fd] = notifier;
+    inputs_[fd] = notifier(fd, [handler = std::move(handler), fd] { handler(fd); });
 }
 
 void PrologWindowHost::unwatch_input(int fd) {
-    const auto at = inputs_.find(fd);
-    if (at == inputs_.end()) return;
-    drop(at->second);
-    inputs_.erase(at);
+    inputs_.erase(fd);
 }
 
 void PrologWindowHost::watch_child(pid_t pid, std::function<void(pid_t, int)> handler) {
     unwatch_child(pid);
     const int descriptor = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
-    auto *notifier = new QSocketNotifier(descriptor, QSocketNotifier::Read);
-    QObject::connect(notifier, &QSocketNotifier::activated, [this, handler = std::move(handler), pid] {
+    const auto ended_or_not = [this, handler = std::move(handler), pid] {
         int status = 0;
         const pid_t ended = waitpid(pid, &status, WNOHANG);
         if (ended == 0) return;
-        const auto call = handler;  // unwatching destroys this function
-        const pid_t child = pid;
-        unwatch_child(child);
-        call(child, ended == child ? status : 0);
-    });
-    children_[pid] = {descriptor, notifier};
+        unwatch_child(pid);
+        handler(pid, ended == pid ? status : 0);
+    };
+    children_[pid] = {descriptor, notifier(descriptor, ended_or_not)};
 }
 
 void PrologWindowHost::unwatch_child(pid_t pid) {
     const auto at = children_.find(pid);
     if (at == children_.end()) return;
-    drop(at->second.notifier);
     close(at->second.descriptor);
     children_.erase(at);
 }

@@ -32,13 +32,18 @@ class PrologWindowHost final : public PrologHost {
     void prompt_at_node(Node *node, std::string_view text, TreeView *view) override;
 
   private:
+    struct Drop {
+        void operator()(QSocketNotifier *notifier) const;
+    };
+    using Notifier = std::unique_ptr<QSocketNotifier, Drop>;
+    static Notifier notifier(int descriptor, std::function<void()> readable);
     struct Child {
         int descriptor;  // of the process, readable when it has ended
-        QSocketNotifier *notifier;
+        Notifier notifier;
     };
 
     Workbench &workbench_;
-    std::map<int, QSocketNotifier *> inputs_;
+    std::map<int, Notifier> inputs_;
     std::map<pid_t, Child> children_;
 };
 

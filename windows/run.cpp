@@ -4,8 +4,6 @@
 #include <chrono>
 #include <utility>
 
-#include "windows/ui_map.hpp"
-
 namespace brindle {
 namespace {
 
@@ -19,22 +17,12 @@ const QWidget *window_of(const QObject *object) {
 }
 
 bool is_input(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::MouseMove:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::Shortcut:
-        case QEvent::ContextMenu:
-        case QEvent::Close:
-        case QEvent::InputMethod:
-            return true;
-        default:
-            return false;
-    }
+    using enum QEvent::Type;
+    static constexpr QEvent::Type input[] = {
+        MouseButtonPress, MouseButtonRelease, MouseButtonDblClick, MouseMove, Wheel,       KeyPress,
+        KeyRelease,       Shortcut,           ContextMenu,         Close,     InputMethod,
+    };
+    return std::ranges::find(input, type) != std::end(input);
 }
 
 bool is_interrupt(const QEvent &event) {
@@ -80,7 +68,7 @@ void CurrentRun::dispatch() {
     const auto start = steady_clock::now();
     if (start < next_dispatch) return;
     QCoreApplication::processEvents();
-    update_ui_map();
+    if (on_dispatched) on_dispatched();
     const auto end = steady_clock::now();
     next_dispatch =
         end + std::clamp<steady_clock::duration>(4 * (end - start), milliseconds(5), milliseconds(50));

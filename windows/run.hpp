@@ -32,6 +32,8 @@ class CurrentRun final : public QObject {
 
     // Handles what the user has done meanwhile and draws what is due; called between two trees of a run.
     void dispatch();
+    // Called whenever that has been done.
+    std::function<void()> on_dispatched;
 
     // What Control-C does in a busy window.
     std::function<void()> on_interrupt;

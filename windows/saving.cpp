@@ -1,7 +1,11 @@
 #include "windows/saving.hpp"
 
+#include <fmt/format.h>
+
+#include "base/output_file.hpp"
 #include "corpus/saving.hpp"
 #include "drawing/text.hpp"
+#include "prolog/latex.hpp"
 #include "windows/formulas.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
@@ -30,27 +34,46 @@ SaveResult save_information(const std::string &name, TreeWindow &window) {
     return result;
 }
 
+// In the footer, or why it has failed in a notice. True: it is saved.
+bool show_result(const SaveResult &result, TreeWindow &window) {
+    const bool saved = result.status == SaveStatus::saved;
+    if (saved)
+        window.set_footer(result.message);
+    else
+        window.tell(result.message, false);
+    return saved;
+}
+
 void save_to_name(TreeWindow &window, const std::string &name, CorpusFormat format) {
     window.file_requestor->hide();
     if (name.empty() || !may_write(name, *window.file_requestor)) return;
     Workbench &workbench = window.workbench();
-    const QPointer<TreeWindow> open = &window;
     const SaveResult result = format == CorpusFormat::info ? save_information(name, window)
                                                            : brindle::save_as(window.corpus(), name, format);
-    if (!workbench.window_of(open)) return;
-    if (result.status != SaveStatus::saved) return window.tell(result.message, false);
-    if (format == CorpusFormat::atis) workbench.show_corpus_name();
-    window.set_footer(result.message);
+    if (!workbench.window_of(&window)) return;
+    if (show_result(result, window) && format == CorpusFormat::atis) workbench.show_corpus_name();
+}
+
+void write_latex(Requestor &requestor, const std::string &name) {
+    Node *node = requestor.node();
+    if (name.empty() || !may_write(name, requestor)) return;
+    TreeWindow &window = requestor.window_in_hand();
+    OutputFile file(name);
+    const bool written =
+        file.ok() &&
+        file.write(latex_document(node, node->tree(), window.corpus().name, window.shows_punctuation())) &&
+        file.commit();
+    if (written)
+        window.set_footer(fmt::format("{} created", name));
+    else
+        window.ask({.message = fmt::format("cannot write to\n{}\n{}", name, file.error()),
+                    .buttons = {{"Bummer!", 1}}});
 }
 
 }  // namespace
 
 void save(TreeWindow &window) {
-    const SaveResult result = brindle::save(window.corpus());
-    if (result.status == SaveStatus::saved)
-        window.set_footer(result.message);
-    else
-        window.tell(result.message, false);
+    show_result(brindle::save(window.corpus()), window);
 }
 
 void save_as(TreeWindow &window, const QWidget &below) {
@@ -75,6 +98,15 @@ FileRequestor::FileRequestor(TreeWindow &owner)
     add_ok_and_cancel([this] {
         if (handler_) handler_(to_locale(name_->text()), static_cast<CorpusFormat>(format_->currentIndex()));
     });
+}
+
+Requestor *new_latex_requestor(TreeWindow &owner) {
+    auto *requestor = new Requestor(owner, "Tree to LaTeX");
+    requestor->add_message("Give filename for LaTeX representation of selected tree");
+    requestor->new_row();
+    requestor->ask_for(requestor->add_file_field("    File:", 30),
+                       [requestor](const std::string &name) { write_latex(*requestor, name); });
+    return requestor;
 }
 
 bool may_write(const std::string &name, CommandWindow &requestor) {

@@ -1,5 +1,5 @@
 #pragma once
-// "Save" and "Save as".
+// What writes files from a tree window: "Save", "Save as", "Export to LaTeX".
 #include <functional>
 #include <string>
 
@@ -27,6 +27,9 @@ class FileRequestor final : public CommandWindow {
     QLineEdit *name_;
     QComboBox *format_;
 };
+
+// "Export to LaTeX": a requestor, which the window owns, to be opened on a node whose tree is meant.
+Requestor *new_latex_requestor(TreeWindow &owner);
 
 // True if nothing of that name can be read, or if the user says that it may be overwritten. "No" shows the
 // requestor again, "Cancel" leaves it closed.

@@ -47,21 +47,16 @@ void SearchBox::uncover(QPoint place) {
     move(left >= 0 ? left : place.x() + margin, pos().y());
 }
 
-SearchRequest SearchBox::request() const {
-    return {to_locale(syntactic_->text()), to_locale(lexical_->text()), to_locale(semantic_->text()),
-            complete_labels_->isChecked()};
-}
-ReplaceChoice SearchBox::replace_choice() const {
-    return static_cast<ReplaceChoice>(replace_->currentIndex());
-}
-std::string SearchBox::replace_with() const {
-    return to_locale(with_->text());
-}
-bool SearchBox::prompts() const {
-    return prompt_at_replace_->isChecked();
-}
-bool SearchBox::starts_here() const {
-    return start_here_->isChecked();
+SearchCommand SearchBox::command(SearchAction action) const {
+    const int shown_tree = window_in_hand().tree_number();
+    return {.action = action,
+            .request = {to_locale(syntactic_->text()), to_locale(lexical_->text()),
+                        to_locale(semantic_->text()), complete_labels_->isChecked()},
+            .choice = static_cast<ReplaceChoice>(replace_->currentIndex()),
+            .with = to_locale(with_->text()),
+            .prompts = prompt_at_replace_->isChecked(),
+            .first_tree = start_here_->isChecked() ? shown_tree : 0,
+            .shown_tree = shown_tree};
 }
 
 }  // namespace brindle

@@ -1,6 +1,6 @@
 #pragma once
 // "Search & Replace".
-#include "display/search.hpp"
+#include "display/search_command.hpp"
 #include "windows/command_window.hpp"
 
 namespace brindle {
@@ -15,12 +15,8 @@ class SearchBox final : public CommandWindow {
     // Steps aside when it hides a place on the screen: to whichever side has room.
     void uncover(QPoint place);
 
-    // What its fields say.
-    SearchRequest request() const;
-    ReplaceChoice replace_choice() const;
-    std::string replace_with() const;
-    bool prompts() const;
-    bool starts_here() const;
+    // What its fields say when a button is pressed.
+    SearchCommand command(SearchAction action) const;
 
   private:
     QLineEdit *syntactic_, *lexical_, *semantic_, *with_;

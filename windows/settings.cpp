@@ -1,7 +1,5 @@
 #include "windows/settings.hpp"
 
-#include <algorithm>
-
 namespace brindle {
 namespace {
 
@@ -11,40 +9,18 @@ QString file_name() {
     return folder + "/brindle/windows.ini";
 }
 
-QSettings &store() {
-    static QSettings settings(file_name(), QSettings::IniFormat);
-    return settings;
-}
-
 }  // namespace
 
-QSize Settings::window_size(const char *kind, QSize otherwise) const {
+Settings::Settings() : QSettings(file_name(), QSettings::IniFormat) {}
+
+QSize Settings::window_size(const QString &kind, QSize otherwise) const {
     const QSize screen = QGuiApplication::primaryScreen()->availableSize();
-    const QSize size = store().value(QString("size/") + kind, otherwise).toSize();
-    return size.isValid() ? size.boundedTo(screen) : otherwise.boundedTo(screen);
+    const QSize size = value("size/" + kind).toSize();
+    return (size.isValid() ? size : otherwise).boundedTo(screen);
 }
 
-void Settings::remember_size(const char *kind, const QWidget &window) {
-    if (!window.isMaximized()) store().setValue(QString("size/") + kind, window.size());
-}
-
-QString Settings::text(const char *name, const QString &otherwise) const {
-    return store().value(name, otherwise).toString();
-}
-int Settings::number(const char *name, int otherwise) const {
-    return store().value(name, otherwise).toInt();
-}
-double Settings::real(const char *name, double otherwise) const {
-    return store().value(name, otherwise).toDouble();
-}
-void Settings::remember(const char *name, const QString &value) {
-    store().setValue(name, value);
-}
-void Settings::remember(const char *name, int value) {
-    store().setValue(name, value);
-}
-void Settings::remember(const char *name, double value) {
-    store().setValue(name, value);
+void Settings::remember_size(const QString &kind, const QWidget &window) {
+    if (!window.isMaximized()) setValue("size/" + kind, window.size());
 }
 
 }  // namespace brindle

@@ -6,7 +6,7 @@
 #include "drawing/text.hpp"
 #include "edit/change.hpp"
 #include "windows/bracketing_edit.hpp"
-#include "windows/copy_mode.hpp"
+#include "windows/label_editors.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
 
@@ -17,10 +17,8 @@ void edit_syntax(TreeWindow &window, Node &node) {
     if (is_tree_of_one || (node.dtrs() && node.dtrs()->selected()))
         window.syntax_editor->open(node);
     else
-        window.syntactic_tag_editor->open(node);
+        edit_category(window, node);
 }
-
-// ---------------------------------------------------------------- the syntax editor
 
 SyntaxEditor::SyntaxEditor(TreeWindow &owner)
     : CommandWindow(owner, "Syntax Editor"), edit_(new BracketingEdit) {
@@ -33,7 +31,7 @@ SyntaxEditor::SyntaxEditor(TreeWindow &owner)
         strip->addWidget(button);
     };
     add("Ok", [this] { take_text(); });
-    add("Help", [this] { show_help(); });
+    add("Help", [this] { tell(this, BracketingEdit::help(), true); });
     add("Cancel", [this] { reject(); });
     strip->addStretch();
     auto *whole = new QWidget;
@@ -59,7 +57,7 @@ bool SyntaxEditor::subtree_is_free(Node &top) {
             active->raise();
             return false;
         }
-    if (workbench.copy && is_below(&top, workbench.copy->node)) end_copy(workbench);
+    if (workbench.copy && is_below(&top, workbench.copy->node)) workbench.end_copy();
     return true;
 }
 
@@ -102,35 +100,6 @@ void SyntaxEditor::take_text() {
     top_ = nullptr;
     if (tree_ != window_in_hand().tree_number()) window_in_hand().show_tree(tree_);
     reject();
-}
-
-void SyntaxEditor::show_help() {
-    tell(this, BracketingEdit::help(), true);
-}
-
-// ---------------------------------------------------------------- one category
-
-SyntacticTagEditor::SyntacticTagEditor(TreeWindow &owner)
-    : CommandWindow(owner), field_(add_field("Syntactic tag:", 36)) {
-    add_ok_and_cancel([this] { take_category(); });
-}
-
-void SyntacticTagEditor::open(Node &node) {
-    hide();
-    node_ = &node;
-    field_->setText(to_qstring(node.syn()->view()));
-    field_->selectAll();
-    field_->setFocus();
-    set_title(node.syn()->view());
-    show_at(window_in_hand().menu_place());
-}
-
-void SyntacticTagEditor::take_category() {
-    hide();
-    const std::string text = to_locale(field_->text());
-    if (!node_ || text.empty() || text == node_->syn()->view()) return;
-    if (const auto reason = set_category(corpus(), node_, text))
-        window_in_hand().tell_at(node_, *reason, false);
 }
 
 }  // namespace brindle

@@ -1,5 +1,5 @@
 #pragma once
-// "edit syntax": the bracketing of a subtree as text, or the category of one node.
+// "edit syntax": the bracketing of a subtree as text.
 #include "windows/command_window.hpp"
 
 namespace brindle {
@@ -25,26 +25,11 @@ class SyntaxEditor final : public CommandWindow {
     bool subtree_is_free(Node &top);
     void take_text();
     void show_fault(const std::string &message);
-    void show_help();
 
     Node *top_ = nullptr;
     int tree_ = -1;     // the tree that it holds; -1: none
     std::string text_;  // what it showed when it was opened
     BracketingEdit *edit_;
-};
-
-// A field for the category of a node.
-class SyntacticTagEditor final : public CommandWindow {
-  public:
-    explicit SyntacticTagEditor(TreeWindow &owner);
-    void open(Node &node);
-    Node *node() const override { return node_; }
-
-  private:
-    void take_category();
-
-    Node *node_ = nullptr;
-    QLineEdit *field_;
 };
 
 }  // namespace brindle

@@ -6,12 +6,14 @@
 namespace brindle {
 namespace {
 
-const std::pair<const char *, QColor TreeColours::*> parts[] = {
-    {"category", &TreeColours::category}, {"tag", &TreeColours::tag}, {"word", &TreeColours::word}};
-
-std::string setting_of(const char *part) {
-    return std::string("colour/") + part;
-}
+struct Part {
+    const char *name;
+    const char *setting;
+    QColor TreeColours::*colour;
+};
+constexpr Part parts[] = {{"category", "colour/category", &TreeColours::category},
+                          {"tag", "colour/tag", &TreeColours::tag},
+                          {"word", "colour/word", &TreeColours::word}};
 
 }  // namespace
 
@@ -22,50 +24,36 @@ void TreeWindow::choose_font() {
     now.setStyleName(QFontInfo(now).styleName());  // without it the dialog takes the family's first style
     const QFont font = QFontDialog::getFont(&chosen, now, this, "Font of the trees");
     if (!chosen) return;
-    const int pixels = QFontInfo(font).pixelSize();
-    int nearest = params_.font_scale, distance = 1000;
-    for (int scale = 0; scale < nr_of_font_scales; ++scale) {
-        const auto sized = find_tree_fonts(start_font, scale);
-        if (!sized || std::abs(sized->word.pixelSize() - pixels) >= distance) continue;
-        distance = std::abs(sized->word.pixelSize() - pixels);
-        nearest = scale;
-    }
-    const char *style = font.bold() && font.italic() ? "-bold-italic"
-                        : font.bold()                ? "-bold"
-                        : font.italic()              ? "-italic"
-                                                     : "";
-    font_name_ = to_locale(font.family()) + style;
-    set_font_scale(nearest);
+    font_name_ = to_locale(font.family()) + (font.bold() ? "-bold" : "") + (font.italic() ? "-italic" : "");
+    set_font_scale(nearest_font_scale(QFontInfo(font).pixelSize()));
 }
 
-void TreeWindow::choose_colour(const char *name, QColor TreeColours::*part) {
-    const QColor now = canvas_->colours().*part;
-    const QColor colour = QColorDialog::getColor(now, this, QString("Colour of each %1").arg(name));
-    if (!colour.isValid()) return;
-    workbench_.settings().remember(setting_of(name).c_str(), colour.name());
-    for (TreeWindow *window : workbench_.tree_windows()) window->use_chosen_colours();
+void TreeWindow::create_colour_menu(QMenu &menu) {
+    const auto remember = [this](const Part &part, const QString &colour) {
+        workbench_.settings().setValue(part.setting, colour);
+        for (TreeWindow *window : workbench_.tree_windows()) window->use_chosen_colours();
+    };
+    for (const Part &part : parts)
+        menu.addAction(QString("of each %1...").arg(part.name), this, [this, remember, &part] {
+            const QColor colour = QColorDialog::getColor(canvas_->colours().*part.colour, this,
+                                                         QString("Colour of each %1").arg(part.name));
+            if (colour.isValid()) remember(part, colour.name());
+        });
+    menu.addAction("the usual ones", this, [remember] {
+        for (const Part &part : parts) remember(part, {});
+    });
 }
 
-// Nothing is chosen for a part whose colour is not remembered: it follows the palette.
+// A part whose colour is not remembered follows the palette.
 void TreeWindow::use_chosen_colours() {
-    TreeColours colours = colours_for(palette());
-    bool any = false;
-    for (const auto &[name, part] : parts) {
-        const QColor colour(workbench_.settings().text(setting_of(name).c_str(), {}));
+    std::optional<TreeColours> chosen;
+    for (const Part &part : parts) {
+        const QColor colour(workbench_.settings().value(part.setting).toString());
         if (!colour.isValid()) continue;
-        colours.*part = colour;
-        any = true;
+        if (!chosen) chosen = colours_for(palette());
+        (*chosen).*part.colour = colour;
     }
-    if (any)
-        canvas_->set_colours(colours);
-    else
-        canvas_->follow_palette();
-}
-
-void TreeWindow::forget_colours() {
-    for (const auto &[name, part] : parts)
-        workbench_.settings().remember(setting_of(name).c_str(), QString());
-    for (TreeWindow *window : workbench_.tree_windows()) window->use_chosen_colours();
+    canvas_->set_colours(chosen);
 }
 
 }  // namespace brindle

@@ -9,7 +9,7 @@
 #include "propose/run.hpp"
 #include "windows/batch_box.hpp"
 #include "windows/formulas.hpp"
-#include "windows/latex_requestor.hpp"
+#include "windows/label_editors.hpp"
 #include "windows/main_window.hpp"
 #include "windows/number_slider.hpp"
 #include "windows/saving.hpp"
@@ -17,24 +17,22 @@
 #include "windows/selector.hpp"
 #include "windows/size_controller.hpp"
 #include "windows/syntax_editor.hpp"
-#include "windows/tag_editor.hpp"
 #include "windows/workbench.hpp"
 
 namespace brindle {
 
 TreeWindow::TreeWindow(Workbench &workbench)
-    : tag_editor(new TagEditor(*this)),
+    : tag_editor(new_tag_editor(*this)),
       syntax_editor(new SyntaxEditor(*this)),
-      syntactic_tag_editor(new SyntacticTagEditor(*this)),
+      syntactic_tag_editor(new_syntactic_tag_editor(*this)),
       file_requestor(new FileRequestor(*this)),
-      predicate_requestor(new PredicateRequestor(*this)),
-      latex_requestor(new LatexRequestor(*this)),
+      predicate_requestor(new_predicate_requestor(*this)),
+      latex_requestor(new_latex_requestor(*this)),
       category_selector(new Selector(*this, Selector::Kind::category)),
       word_selector(new Selector(*this, Selector::Kind::word)),
       size_controller(new SizeController(*this)),
       search_box(new SearchBox(*this)),
       batch_box(new BatchBox(*this, workbench.corpus().amount())),
-      results_requestor(new ResultsRequestor(*this)),
       workbench_(workbench),
       canvas_(new Canvas(this)) {
     create_actions();
@@ -47,8 +45,6 @@ TreeWindow::TreeWindow(Workbench &workbench)
     resize(workbench.settings().window_size("tree",
                                             {screen_size.width() * 3 / 4, screen_size.height() * 5 / 6}));
 }
-
-TreeWindow::~TreeWindow() = default;
 
 Corpus &TreeWindow::corpus() {
     return workbench_.corpus();
@@ -139,10 +135,10 @@ void TreeWindow::create_canvas() {
     canvas_->on_key = [this](QKeyEvent &event) { return key_pressed(event); };
     if (corpus().amount() == 0) canvas_->set_message("This corpus has no trees.");
     const Settings &settings = workbench_.settings();
-    choose_font_scale(params_, std::clamp(settings.number("tree/font_scale", params_.font_scale), 0,
-                                          nr_of_font_scales - 1));
-    set_font_name(settings.text("tree/font", start_font).toStdString());
-    canvas_->set_zoom(settings.real("tree/zoom", 1));
+    const int scale = settings.value("tree/font_scale", params_.font_scale).toInt();
+    choose_font_scale(params_, std::clamp(scale, 0, nr_of_font_scales - 1));
+    set_font_name(settings.value("tree/font", start_font).toString().toStdString());
+    canvas_->set_zoom(settings.value("tree/zoom", 1).toDouble());
     use_chosen_colours();
 }
 
@@ -153,9 +149,9 @@ void TreeWindow::show_corpus_name() {
 void TreeWindow::remember() {
     Settings &settings = workbench_.settings();
     settings.remember_size("tree", *this);
-    settings.remember("tree/font", QString::fromStdString(font_name_));
-    settings.remember("tree/font_scale", params_.font_scale);
-    settings.remember("tree/zoom", canvas_->zoom());
+    settings.setValue("tree/font", QString::fromStdString(font_name_));
+    settings.setValue("tree/font_scale", params_.font_scale);
+    settings.setValue("tree/zoom", canvas_->zoom());
 }
 
 // ---------------------------------------------------------------- the tree
@@ -271,14 +267,6 @@ void TreeWindow::set_fonts() {
 }
 
 // ---------------------------------------------------------------- its end
-
-void TreeWindow::stop_batch() {
-    batch_box->stop();
-}
-
-void TreeWindow::release_edited_tree() {
-    syntax_editor->release_tree();
-}
 
 // The window manager's button is "Close".
 void TreeWindow::closeEvent(QCloseEvent *event) {

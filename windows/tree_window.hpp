@@ -1,6 +1,6 @@
 #pragma once
 // A tree window: its buttons and menus, the canvas with one tree, the status line. The command windows that
-// belong to it are its children; each is a class of its own with what it shows and what it does.
+// belong to it are its children; each knows what it shows and what it does.
 #include <QMainWindow>
 
 #include <optional>
@@ -22,23 +22,18 @@ namespace brindle {
 
 class BatchBox;
 class FileRequestor;
-class LatexRequestor;
 class NumberSlider;
-class PredicateRequestor;
-class ResultsRequestor;
+class Requestor;
 class SearchBox;
 class Selector;
 class SizeController;
 class SyntaxEditor;
-class SyntacticTagEditor;
-class TagEditor;
 class Workbench;
 
 class TreeWindow final : public QMainWindow, public TreeView {
     Q_OBJECT
   public:
     explicit TreeWindow(Workbench &workbench);
-    ~TreeWindow() override;
 
     Workbench &workbench() { return workbench_; }
     Corpus &corpus();
@@ -78,10 +73,8 @@ class TreeWindow final : public QMainWindow, public TreeView {
     void set_font_scale(int scale);
     const TreeFonts &fonts() const { return canvas_->picture().fonts(); }
 
-    // Ends the run of this window; see BatchBox::stop.
-    void stop_batch();
-    // Takes its syntax editor's lock off the tree that it holds.
-    void release_edited_tree();
+    // "copy": the node awaits a tag.
+    void begin_copy(Node &node);
     void show_corpus_name();
     // Keeps size, fonts and zoom for the next start.
     void remember();
@@ -93,18 +86,17 @@ class TreeWindow final : public QMainWindow, public TreeView {
     InfoMode info_mode = InfoMode::none;  // the line of a node that was clicked last
 
     // The command windows.
-    TagEditor *const tag_editor;
+    Requestor *const tag_editor;
     SyntaxEditor *const syntax_editor;
-    SyntacticTagEditor *const syntactic_tag_editor;
+    Requestor *const syntactic_tag_editor;
     FileRequestor *const file_requestor;
-    PredicateRequestor *const predicate_requestor;
-    LatexRequestor *const latex_requestor;
+    Requestor *const predicate_requestor;
+    Requestor *const latex_requestor;
     Selector *const category_selector;
     Selector *const word_selector;
     SizeController *const size_controller;
     SearchBox *const search_box;
     BatchBox *const batch_box;
-    ResultsRequestor *const results_requestor;
 
   protected:
     void closeEvent(QCloseEvent *event) override;
@@ -124,21 +116,23 @@ class TreeWindow final : public QMainWindow, public TreeView {
     void create_canvas();
     QWidget *button_of(QAction *action) const;
     void set_fonts();
-    Node *first_selected();
     bool is_locked();  // the shown tree is open in a syntax editor
     void propose();
     void go_to_number();
     // tree_look.cpp: what of the look the user chooses in dialogs
     void choose_font();
-    void choose_colour(const char *name, QColor TreeColours::*part);
+    void create_colour_menu(QMenu &menu);
     void use_chosen_colours();
-    void forget_colours();
 
     // canvas_events.cpp: what presses and keys on the canvas do
     void pressed(const QMouseEvent &event, const Hit &hit);
-    void select_pressed(const Hit &hit);
-    void menu_pressed(const QMouseEvent &event, const Hit &hit);
+    void open_menu(Node *node, QPoint place);  // null: that of the empty canvas
     bool key_pressed(const QKeyEvent &event);
+    void copy_from(Node &clicked);
+    void copy_missed();
+    // What the statistics know about the part of a node that was clicked; with `mothers`, of the mothers of
+    // such nodes. `place` is on the screen.
+    void show_information(Node &node, bool mothers, QPoint place);
 
     Workbench &workbench_;
     Canvas *canvas_;

@@ -1,10 +1,9 @@
 // The menu bar of a tree window: every command there is.
 #include <QCheckBox>
 
+#include "display/selection.hpp"
 #include "windows/appearance.hpp"
 #include "windows/batch_box.hpp"
-#include "windows/information.hpp"
-#include "windows/latex_requestor.hpp"
 #include "windows/node_menu.hpp"
 #include "windows/search_box.hpp"
 #include "windows/size_controller.hpp"
@@ -49,12 +48,12 @@ void TreeWindow::create_menus() {
     file->addAction(actions_.close);
     file->addAction(
         add_command("Quit", "Ends the program", {QKeySequence::Quit}, [this] { workbench_.quit(); }));
-    QMenu *edit = menuBar()->addMenu("&Edit");
-    edit->addAction(actions_.search);
+    menuBar()->addMenu("&Edit")->addAction(actions_.search);
     create_tree_menu(*menuBar()->addMenu("&Tree"));
     QMenu *node = menuBar()->addMenu("&Node");
     fill_when_opened(*node, [this](QMenu &menu) {
-        Node *selected = first_selected();
+        const Tree *tree = current_tree();
+        Node *selected = tree ? first_selected(tree->root) : nullptr;
         if (!selected || is_locked()) {
             menu.addAction("Select a node first")->setEnabled(false);
             return;
@@ -66,9 +65,9 @@ void TreeWindow::create_menus() {
         fill_subtree_menu(menu, *this, *selected);
         menu.addSeparator();
         menu.addAction("information", &menu,
-                       [this, selected] { show_information(*this, *selected, false, menu_place_); });
+                       [this, selected] { show_information(*selected, false, menu_place_); });
         menu.addAction("mothers", &menu,
-                       [this, selected] { show_information(*this, *selected, true, menu_place_); });
+                       [this, selected] { show_information(*selected, true, menu_place_); });
     });
     create_view_menu(*menuBar()->addMenu("&View"));
     QMenu *help = menuBar()->addMenu("&Help");
@@ -107,25 +106,15 @@ void TreeWindow::create_view_menu(QMenu &menu) {
         fill_preferences(filled, *this);
     });
     menu.addAction("Font...", this, [this] { choose_font(); });
-    QMenu *colours = menu.addMenu("Colours");
-    const std::pair<const char *, QColor TreeColours::*> parts[] = {
-        {"category", &TreeColours::category}, {"tag", &TreeColours::tag}, {"word", &TreeColours::word}};
-    for (const auto &[name, part] : parts)
-        colours->addAction(QString("of each %1...").arg(name), this,
-                           [this, name = name, part = part] { choose_colour(name, part); });
-    colours->addAction("the usual ones", this, [this] { forget_colours(); });
+    create_colour_menu(*menu.addMenu("Colours"));
     QMenu *themes = menu.addMenu("Theme");
     const std::pair<const char *, Theme> names[] = {
         {"as the platform has it", Theme::platform}, {"light", Theme::light}, {"dark", Theme::dark}};
-    auto *one_theme = new QActionGroup(themes);
-    fill_when_opened(*themes, [this, names, one_theme](QMenu &filled) {
-        for (const auto &[name, theme] : names) {
-            QAction *action = filled.addAction(
-                name, this, [this, theme = theme] { use_theme(theme, workbench_.settings()); });
-            action->setCheckable(true);
-            action->setActionGroup(one_theme);
-            action->setChecked(theme_in(workbench_.settings()) == theme);
-        }
+    fill_when_opened(*themes, [this, names](QMenu &filled) {
+        Settings &settings = workbench_.settings();
+        for (const auto &[name, theme] : names)
+            add_choice(filled, name, theme_in(settings) == theme,
+                       [&settings, theme = theme] { use_theme(theme, settings); });
     });
 }
 

@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
-#include <fmt/format.h>
-
+#include "display/corpus_characters.hpp"
 #include "drawing/characters.hpp"
 #include "drawing/text.hpp"
 #include "prolog/child_command.hpp"
-#include "windows/command_window.hpp"
+#include "windows/batch_box.hpp"
 #include "windows/main_window.hpp"
 #include "windows/notice.hpp"
 #include "windows/prolog_host.hpp"
+#include "windows/syntax_editor.hpp"
 #include "windows/tree_window.hpp"
 
 namespace brindle {
@@ -21,9 +21,7 @@ Workbench::Workbench(Corpus &corpus)
       host_(std::make_unique<PrologWindowHost>(*this)),
       prolog_(std::make_unique<PrologSession>(*host_, corpus)) {
     corpus.listeners.push_back(this);
-    run_.on_interrupt = [this] {
-        if (TreeWindow *running = run_.window()) running->stop_batch();
-    };
+    run_.on_interrupt = [this] { stop_batch(); };
 }
 
 Workbench::~Workbench() {
@@ -36,26 +34,10 @@ bool Workbench::start_prolog() {
     return prolog_->start(default_child(corpus_.name));
 }
 
-// For the footer: which characters of the corpus would be boxes; "": none.
-std::string Workbench::tell_of_missing_fonts() const {
-    CharacterSet set;
-    const Units &units = corpus_.units;
-    for (std::uint32_t n = 1; n < units.end(); ++n)
-        for (const Label *label : {units[n].syn, units[n].sem, units[n].lex})
-            if (label) set.add(label->view());
-    const std::u32string missing = characters_without_font(set, QApplication::font());
-    if (missing.empty()) return {};
-    constexpr std::size_t most = 8;
-    std::string shown;
-    for (const char32_t c : missing.substr(0, most))
-        shown += fmt::format(" U+{:04X}", static_cast<std::uint32_t>(c));
-    return fmt::format("No installed font has {} characters of this corpus:{}{}", missing.size(), shown,
-                       missing.size() > most ? " ..." : "");
-}
-
 TreeWindow &Workbench::open_tree_window() {
     auto *window = new TreeWindow(*this);
-    if (const std::string text = tell_of_missing_fonts(); !text.empty()) window->set_footer(text);
+    const auto missing = characters_without_font(characters_of(corpus_), QApplication::font());
+    if (!missing.empty()) window->set_footer(tell_missing_characters(missing));
     windows_.push_back(window);
     window->show();
     window->show_tree(0);
@@ -64,10 +46,10 @@ TreeWindow &Workbench::open_tree_window() {
 }
 
 void Workbench::close(TreeWindow &window) {
-    if (run_.window() == &window) window.stop_batch();
+    if (run_.window() == &window) stop_batch();
     prolog_->drop_claim_of(&window);
     if (copy && copy->window == &window) copy.reset();
-    window.release_edited_tree();
+    window.syntax_editor->release_tree();
     window.remember();
     std::erase(windows_, &window);
     window.hide();
@@ -77,6 +59,15 @@ void Workbench::close(TreeWindow &window) {
 TreeWindow *Workbench::window_of(const TreeView *view) const {
     const auto at = std::ranges::find_if(windows_, [&](const TreeWindow *w) { return w == view; });
     return at == windows_.end() ? nullptr : *at;
+}
+
+void Workbench::stop_batch() {
+    if (TreeWindow *running = run_.window()) running->batch_box->stop();
+}
+
+void Workbench::end_copy() {
+    if (copy) copy->window->set_footer("");
+    copy.reset();
 }
 
 void Workbench::repaint_all() {
@@ -111,7 +102,7 @@ bool Workbench::quit() {
                                  .escape_value = no}) != yes)
         return false;
     for (TreeWindow *window : windows_) window->remember();
-    main_window_->remember();
+    settings_.remember_size("main", *main_window_);
     prolog_->quit();
     QCoreApplication::exit();  // quit() would ask each window, and those close by themselves
     return true;

@@ -54,6 +54,8 @@ class Workbench final : private ChangeListener {
     // All windows lay out and draw again when the loop is next idle: what has changed may be in the tree that
     // one of them shows.
     void repaint_all();
+    // Ends the batch that goes on in one of the windows, if one does.
+    void stop_batch();
     // Marks all windows busy or idle, but for notices.
     void set_all_busy(bool busy);
     // The corpus has got a new name.
@@ -61,11 +63,13 @@ class Workbench final : private ChangeListener {
     // "Quit": asks if there are unsaved changes. False: the user does not want to.
     bool quit();
 
+    // The copy mode: a tag is copied from the node that is clicked, in any tree window, to the node on which
+    // "copy" was chosen. Only one copy is pending; none: no value.
     std::optional<CopyRequest> copy;
+    void end_copy();  // with its footer
 
   private:
     void changed(const Corpus &corpus, const Change &change) override;
-    std::string tell_of_missing_fonts() const;
 
     Corpus &corpus_;
     Settings settings_;

@@ -1,4 +1,4 @@
-// Texts between the locale and Unicode, messages, and what fonts can show.
+// Texts between the locale and Unicode, and what fonts can show.
 #include <gtest/gtest.h>
 
 #include <QProcess>
@@ -7,6 +7,7 @@
 #include <clocale>
 #include <cstdlib>
 
+#include "base/text.hpp"
 #include "drawing/characters.hpp"
 #include "drawing/fonts.hpp"
 #include "drawing/text.hpp"
@@ -50,21 +51,6 @@ TEST(text, an_8_bit_locale_is_converted_both_ways) {
     EXPECT_EQ(to_locale(u"caf\u00E9 \u20AC \u4E3B"_qs), "caf\xE9 \xA4 ?");
     EXPECT_EQ(to_locale(to_qstring("\x85")), "\x85");
     EXPECT_EQ(unfinished_tail("\xC3"), 0U);
-}
-
-TEST(text, a_character_that_is_cut_waits_for_its_rest) {
-    EXPECT_EQ(unfinished_tail("ab"), 0U);
-    EXPECT_EQ(unfinished_tail("ab\xC3"), 1U);
-    EXPECT_EQ(unfinished_tail("ab\xE2\x82"), 2U);
-    EXPECT_EQ(unfinished_tail("ab\xE2\x82\xAC"), 0U);
-}
-
-TEST(text, messages_lose_what_cannot_be_shown) {
-    EXPECT_EQ(clean_message("You cannot use '/'; it is\n\x1b\n \t\t\t\tdefined"),
-              "You cannot use '/'; it is\ndefined");
-    EXPECT_EQ(clean_message("\nWord: dog\n\nNumber: 3\n"), "Word: dog\n\nNumber: 3");
-    EXPECT_EQ(clean_message("a\tb"), "a b");
-    EXPECT_EQ(clean_message("\n\x1b\n"), "");
 }
 
 TEST(fonts, names_have_families_styles_and_sizes) {

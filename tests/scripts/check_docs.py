@@ -12,12 +12,12 @@ LINK = re.compile(r"\[[^\]]*\]\(([^)\s]+)\)")
 STRING = r'"((?:[^"\\]|\\.)*)"'
 # What is pressed or chosen: items of windows, entries of menus, the lists of choices and tables.
 ITEM = re.compile(r"(?:add_(?:button|check_box|choice|slider|field|file_field|action|command|size)|addAction|addMenu|NumberSlider"
-                  r"|QPushButton|QCheckBox|CommandWindow)\((?:owner, |\*\w+, )?\s*" + STRING)
+                  r"|QPushButton|QCheckBox|CommandWindow|Requestor)\((?:owner, |\*\w+, |window_in_hand\(\), )?\s*" + STRING)
 CHOICES = re.compile(r"\{(" + STRING + r"(?:,\s*" + STRING + r")+)\}")
 PAIRS = re.compile(r"\{" + STRING + r", (?:Theme|\d)")
 # The answers of notices.
 # Where messages are made that a person may meet.
-SPEAKERS = ["windows/*", "display/search", "edit/label_rules", "edit/bracketing",
+SPEAKERS = ["windows/*", "display/search", "display/search_command", "edit/label_rules", "edit/bracketing",
             "corpus/reader", "corpus/saving", "corpus/lattices", "prolog/expansion", "prolog/session", "prolog/session_io"]
 UNTOLD = {"\\r [K", "the notices name these characters", "pipe called with no argument", "; is a directory",
           "A workbench for treebanks annotated with meaning."}

@@ -1,6 +1,6 @@
 // The lines of the screen map, widget by widget.
+#include "app/ui_map_items.hpp"
 #include "windows/number_slider.hpp"
-#include "windows/ui_map_items.hpp"
 #include "windows_inprocess/workbench_fixture.hpp"
 
 namespace brindle {

@@ -1,7 +1,8 @@
-#include "windows/ui_map_x11.hpp"
+#include "app/ui_map_x11.hpp"
 
 #include <QtGui/qguiapplication_platform.h>
 #include <xcb/xcb.h>
+#include <QApplication>
 
 #include <cstdlib>
 #include <cstring>
