@@ -13,7 +13,12 @@ enum class Side { none, below, above, right, left };  // where the notice stands
 constexpr int arrow_size = 10;
 constexpr int gap_down = 36 - arrow_size;  // to the place pointed at, which may have lines of text around it
 constexpr int gap_across = 60 - arrow_size;
-constexpr int longest_line = 620;
+constexpr int widest_line = 620;
+
+// Under Wayland windows stand where the compositor wants them: notices are ordinary windows there.
+bool can_be_placed() {
+    return !QGuiApplication::platformName().startsWith("wayland");
+}
 
 class Notice final : public QDialog {
   public:
@@ -43,7 +48,7 @@ class Notice final : public QDialog {
 };
 
 Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at)
-    : QDialog(owner), spec_(spec), points_(pointed_at.has_value()) {
+    : QDialog(owner), spec_(spec), points_(pointed_at && can_be_placed()) {
     setObjectName("notice");
     setWindowTitle("Notice");
     if (points_) setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
@@ -54,7 +59,7 @@ Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> poi
     column->setSpacing(14);
     add_message(*column);
     add_buttons(*column);
-    place(owner, pointed_at);
+    place(owner, points_ ? pointed_at : std::nullopt);
 }
 
 // A message that the screen has no room for scrolls.
@@ -62,6 +67,7 @@ void Notice::add_message(QVBoxLayout &column) {
     const QString text = to_qstring(clean_message(spec_.message));
     const QFontMetrics metrics(font());
     const int room = screen()->availableSize().height() * 2 / 3;
+    const int longest_line = std::min(widest_line, screen()->availableSize().width() - 80);
     if (text.size() < 4000) {
         const QRect needed = metrics.boundingRect(QRect(0, 0, longest_line, room),
                                                   Qt::TextWordWrap | Qt::TextExpandTabs, text);
