@@ -18,8 +18,9 @@ QSettings &store() {
 
 }  // namespace
 
+// The screen has to hold the window's title, too.
 QSize Settings::window_size(const char *kind, QSize otherwise) const {
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize() - QSize(0, 30);
     const QSize size = store().value(QString("size/") + kind, otherwise).toSize();
     return size.isValid() ? size.boundedTo(screen) : otherwise.boundedTo(screen);
 }
