@@ -97,7 +97,7 @@ void TreeWindow::create_panel() {
     addToolBarBreak();
     QToolBar *second = addToolBar("Tree");
     if (several) {
-        tree_slider_ = new NumberSlider("Tree #", 1, corpus().amount(), 1, 260);
+        tree_slider_ = new NumberSlider("Tree #", 1, corpus().amount(), 1, 120);
         connect(tree_slider_, &NumberSlider::changed, this, [this](int tree) { turn_to(tree - 1); });
         connect(tree_slider_, &NumberSlider::left, this, [this] { canvas_->setFocus(); });
         second->addWidget(tree_slider_);
