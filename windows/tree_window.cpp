@@ -117,6 +117,8 @@ void TreeWindow::create_panel() {
         bar->setMovable(false);
         bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        if (auto *more = bar->findChild<QToolButton *>("qt_toolbar_ext_button"))
+            more->setArrowType(Qt::DownArrow);  // its usual picture cannot be seen in the dark
     }
 }
 
