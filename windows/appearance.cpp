@@ -25,7 +25,7 @@ QPalette light_palette() {
 }
 
 QPalette dark_palette() {
-    QPalette palette(QColor(0x353535), QColor(0x353535));
+    QPalette palette(QColor(0x4C4C4C), QColor(0x353535));
     palette.setColor(QPalette::Base, QColor(0x1E1E1E));
     palette.setColor(QPalette::AlternateBase, QColor(0x2A2A2A));
     palette.setColor(QPalette::Highlight, QColor(0x2F6DC4));
@@ -36,17 +36,29 @@ QPalette dark_palette() {
                             QPalette::BrightText})
         palette.setColor(role, QColor(0xF0F0F0));
     for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(0x909090));
+        palette.setColor(QPalette::Disabled, role, QColor(0x9A9A9A));
     return palette;
 }
 
-QPalette palette_of(Theme theme) {
+bool is_dark(Theme theme) {
     static const bool platform_is_dark = QGuiApplication::palette().window().color().lightness() < 128;
-    const bool dark = theme == Theme::dark || (theme == Theme::platform && platform_is_dark);
-    QPalette palette = dark ? dark_palette() : light_palette();
+    return theme == Theme::dark || (theme == Theme::platform && platform_is_dark);
+}
+
+QPalette palette_of(Theme theme) {
+    QPalette palette = is_dark(theme) ? dark_palette() : light_palette();
     if (named_text.isValid()) palette.setColor(QPalette::Text, named_text);
     if (named_ground.isValid()) palette.setColor(QPalette::Base, named_ground);
     return palette;
+}
+
+// Dark menus have no border that could be seen: their ground is lighter than what they open over.
+void set_palette(Theme theme) {
+    const QPalette palette = palette_of(theme);
+    QApplication::setPalette(palette);
+    QPalette menus = palette;
+    if (is_dark(theme) && !named_ground.isValid()) menus.setColor(QPalette::Base, QColor(0x444444));
+    QApplication::setPalette(menus, "QMenu");
 }
 
 }  // namespace
@@ -61,14 +73,14 @@ void set_up_appearance(const LookOptions &options, const Settings &settings) {
         if (!named_text.isValid()) named_text = usual.base().color();
         if (!named_ground.isValid()) named_ground = usual.text().color();
     }
-    QApplication::setPalette(palette_of(theme_in(settings)));
+    set_palette(theme_in(settings));
     if (options.font.empty()) return;
     if (const auto fonts = find_tree_fonts(options.font, 1)) QApplication::setFont(fonts->word);
 }
 
 void use_theme(Theme theme, Settings &settings) {
     settings.setValue("theme", static_cast<int>(theme));
-    QApplication::setPalette(palette_of(theme));
+    set_palette(theme);
 }
 
 Theme theme_in(const Settings &settings) {

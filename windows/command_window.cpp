@@ -116,6 +116,7 @@ QLineEdit *CommandWindow::add_file_field(const QString &label, int shown_charact
         const QString name = QFileDialog::getSaveFileName(this, windowTitle(), field->text(), {}, nullptr,
                                                           QFileDialog::DontConfirmOverwrite);
         if (!name.isEmpty()) field->setText(name);
+        field->setFocus();  // Return is "Ok" again
     });
     browse->setToolTip("Choose the file in a dialog");
     return field;

@@ -12,7 +12,12 @@ namespace {
 constexpr int arrow_size = 10;
 constexpr int gap_down = 36 - arrow_size;  // to the place pointed at, which may have lines of text around it
 constexpr int gap_across = 60 - arrow_size;
-constexpr int longest_line = 620;
+constexpr int widest_line = 620;
+
+// Under Wayland windows stand where the compositor wants them: notices are ordinary windows there.
+bool can_be_placed() {
+    return !QGuiApplication::platformName().startsWith("wayland");
+}
 
 int escape_value(const NoticeSpec &spec) {
     if (spec.escape_value) return *spec.escape_value;
@@ -61,7 +66,7 @@ class Notice final : public QDialog {
 };
 
 Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> pointed_at)
-    : QDialog(owner), spec_(spec), points_(pointed_at.has_value()) {
+    : QDialog(owner), spec_(spec), points_(pointed_at && can_be_placed()) {
     setObjectName("notice");
     setWindowTitle("Notice");
     if (points_) setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
@@ -72,7 +77,7 @@ Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> poi
     column->setSpacing(14);
     add_message(*column);
     add_buttons(*column);
-    place(owner, pointed_at);
+    place(owner, points_ ? pointed_at : std::nullopt);
 }
 
 // A message that the screen has no room for scrolls.
@@ -80,6 +85,7 @@ void Notice::add_message(QVBoxLayout &column) {
     const QString text = to_qstring(clean_message(spec_.message));
     const QFontMetrics metrics(font());
     const int room = screen()->availableSize().height() * 2 / 3;
+    const int longest_line = std::min(widest_line, screen()->availableSize().width() - 80);
     const auto size_within = [&](const QRect &space, int flags) {
         return metrics.boundingRect(space, flags | Qt::TextExpandTabs, text.left(4000)).size();
     };

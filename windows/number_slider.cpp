@@ -3,9 +3,21 @@
 #include <algorithm>
 
 namespace brindle {
+namespace {
+
+// Who clicks into it and types means the new number alone.
+class NumberField final : public QSpinBox {
+  protected:
+    void focusInEvent(QFocusEvent *event) override {
+        QSpinBox::focusInEvent(event);
+        QTimer::singleShot(0, this, &QSpinBox::selectAll);  // the click is still to come
+    }
+};
+
+}  // namespace
 
 NumberSlider::NumberSlider(const QString &label, int min, int max, int value, int scale_width)
-    : label_(new QLabel(label)), field_(new QSpinBox), scale_(new QSlider(Qt::Horizontal)) {
+    : label_(new QLabel(label)), field_(new NumberField), scale_(new QSlider(Qt::Horizontal)) {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(label_);

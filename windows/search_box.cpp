@@ -1,5 +1,7 @@
 #include "windows/search_box.hpp"
 
+#include <algorithm>
+
 #include "drawing/text.hpp"
 #include "windows/tree_window.hpp"
 
@@ -44,7 +46,8 @@ void SearchBox::uncover(QPoint place) {
     const QRect hidden = frameGeometry().adjusted(-margin / 2, -margin / 2, margin / 2, margin / 2);
     if (!hidden.contains(place)) return;
     const int left = place.x() - margin - frameGeometry().width();
-    move(left >= 0 ? left : place.x() + margin, pos().y());
+    const int right = std::min(place.x() + margin, screen()->geometry().right() - frameGeometry().width());
+    move(left >= 0 ? left : right, pos().y());
 }
 
 SearchCommand SearchBox::command(SearchAction action) const {

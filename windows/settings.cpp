@@ -14,7 +14,7 @@ QString file_name() {
 Settings::Settings() : QSettings(file_name(), QSettings::IniFormat) {}
 
 QSize Settings::window_size(const QString &kind, QSize otherwise) const {
-    const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+    const QSize screen = QGuiApplication::primaryScreen()->availableSize() - QSize(0, 30);  // for its title
     const QSize size = value("size/" + kind).toSize();
     return (size.isValid() ? size : otherwise).boundedTo(screen);
 }

@@ -39,7 +39,7 @@ SyntaxEditor::SyntaxEditor(TreeWindow &owner)
     columns->setContentsMargins(0, 0, 0, 0);
     columns->addLayout(strip);
     columns->addWidget(edit_, 1);
-    edit_->setMinimumSize(420, 360);
+    edit_->setMinimumSize(QSize(420, 360).boundedTo(screen()->availableSize() - QSize(160, 90)));
     layout()->addWidget(whole);
     setSizeGripEnabled(true);
 }

@@ -93,7 +93,7 @@ void TreeWindow::create_panel() {
     addToolBarBreak();
     QToolBar *second = addToolBar("Tree");
     if (several) {
-        tree_slider_ = new NumberSlider("Tree #", 1, corpus().amount(), 1, 260);
+        tree_slider_ = new NumberSlider("Tree #", 1, corpus().amount(), 1, 120);
         connect(tree_slider_, &NumberSlider::changed, this, [this](int tree) { turn_to(tree - 1); });
         connect(tree_slider_, &NumberSlider::left, this, [this] { canvas_->setFocus(); });
         second->addWidget(tree_slider_);
@@ -113,6 +113,8 @@ void TreeWindow::create_panel() {
         bar->setMovable(false);
         bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
         bar->setContextMenuPolicy(Qt::PreventContextMenu);
+        if (auto *more = bar->findChild<QToolButton *>("qt_toolbar_ext_button"))
+            more->setArrowType(Qt::DownArrow);  // its usual picture cannot be seen in the dark
     }
 }
 
