@@ -103,7 +103,13 @@ void Notice::add_message(QVBoxLayout &column) {
     auto *view = new QPlainTextEdit(with_bearable_lines(text, end_column));
     view->setReadOnly(true);
     view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    view->setMinimumSize(longest_line, std::min(room, 24 * metrics.lineSpacing()));
+    int height = 24 * metrics.lineSpacing();
+    if (text.size() < 4000) {
+        const QRect line(0, 0, longest_line - 40, height);
+        const QRect broken = metrics.boundingRect(line, Qt::TextWrapAnywhere | Qt::TextExpandTabs, text);
+        height = std::min(height, broken.height() + 2 * metrics.lineSpacing());
+    }
+    view->setMinimumSize(longest_line, std::min(room, height));
     view->setAccessibleName("Message");
     column.addWidget(view);
 }
