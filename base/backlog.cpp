@@ -28,4 +28,17 @@ std::string Backlog::take() {
     return piece;
 }
 
+std::string with_bearable_lines(std::string_view text, std::size_t &column) {
+    std::string shown;
+    shown.reserve(text.size() + text.size() / longest_line);
+    for (const char c : text) {
+        if (c == '\0') continue;
+        const bool goes_on = text_mode() == TextMode::utf8 && (c & 0xC0) == 0x80;
+        if (column >= longest_line && c != '\n' && !goes_on) shown += '\n', column = 0;
+        shown += c;
+        column = c == '\n' ? 0 : column + !goes_on;
+    }
+    return shown;
+}
+
 }  // namespace brindle

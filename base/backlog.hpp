@@ -19,4 +19,8 @@ class Backlog {
     std::string text_;
 };
 
+// The text with lines of at most 2,000 characters, as longer ones take long to lay out, and without zero
+// bytes. It goes on in that column, which is left at its end.
+std::string with_bearable_lines(std::string_view text, std::size_t &column);
+
 }  // namespace brindle

@@ -19,7 +19,6 @@
 
 #include "base/text.hpp"
 #include "corpus/reader.hpp"
-#include "drawing/characters.hpp"
 #include "drawing/fonts.hpp"
 #include "drawing/tree_picture.hpp"
 #include "model/corpus.hpp"

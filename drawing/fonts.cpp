@@ -1,6 +1,8 @@
 #include "drawing/fonts.hpp"
 
+#include <QChar>
 #include <QFontDatabase>
+#include <QRawFont>
 
 #include <algorithm>
 #include <array>
@@ -16,6 +18,13 @@ constexpr std::array<int, nr_of_font_scales> heights{11, 13, 15, 19};  // in pix
 QFont::StyleHint hint_of(const std::string &generic) {
     if (generic.empty()) return QFont::AnyStyle;
     return generic == "serif" ? QFont::Serif : generic == "monospace" ? QFont::Monospace : QFont::SansSerif;
+}
+
+bool is_drawn(char32_t c) {
+    const bool variation_selector = (c >= 0xFE00 && c <= 0xFE0F) || (c >= 0xE0100 && c <= 0xE01EF);
+    const auto category = QChar::category(c);
+    return !variation_selector && !QChar::isSpace(c) && category != QChar::Other_Control &&
+           category != QChar::Other_Format;
 }
 
 }  // namespace
@@ -41,6 +50,21 @@ std::optional<TreeFonts> find_tree_fonts(std::string_view name, int font_scale) 
 int nearest_font_scale(int pixels) {
     const auto distance = [pixels](int height) { return std::abs(height - pixels); };
     return static_cast<int>(std::ranges::min_element(heights, {}, distance) - heights.begin());
+}
+
+std::u32string characters_without_font(const CharacterSet &set, const QFont &usual) {
+    std::u32string missing = set.characters();
+    std::erase_if(missing, [](char32_t c) { return !is_drawn(c); });
+    const auto drop_those_of = [&missing](const QFont &font) {
+        const QRawFont opened = QRawFont::fromFont(font);
+        std::erase_if(missing, [&](char32_t c) { return opened.supportsCharacter(c); });
+    };
+    drop_those_of(usual);
+    for (const QString &family : QFontDatabase::families()) {
+        if (missing.empty()) break;
+        drop_those_of(QFont(family));
+    }
+    return missing;
 }
 
 }  // namespace brindle

@@ -12,7 +12,7 @@ namespace {
 constexpr int highlight_margin = 3;
 constexpr int highlight_depth = 5;
 // A text whose capitals are lower than this many pixels of the device cannot be read.
-constexpr double least_text = 2;
+constexpr double least_text = 4;
 // What a line width of 0 stands for, and the least that a branch has in pixels of the device.
 constexpr double thinnest_line = 0.5;
 constexpr double least_line = 0.6;

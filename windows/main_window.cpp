@@ -8,17 +8,6 @@
 #include "windows/workbench.hpp"
 
 namespace brindle {
-namespace {
-
-// A long name is cut.
-QString edit_label(std::string_view corpus) {
-    constexpr std::size_t longest_name = 34, cut_name = 31;
-    const bool fits = corpus.size() <= longest_name;
-    const std::string name = fits ? std::string(corpus) : std::string(beginning(corpus, cut_name)) + "...";
-    return "Edit " + to_qstring(name).replace("&", "&&");
-}
-
-}  // namespace
 
 void set_footer(QMainWindow &window, std::string_view text) {
     const QString shown = to_qstring(clean_message(text));
@@ -53,8 +42,8 @@ MainWindow::MainWindow(Workbench &workbench)
     column->addWidget(output_, 1);
     setCentralWidget(whole);
     set_query_label("query:  ?-");
-    edit_->setText(edit_label(workbench.corpus().name));
-    set_footer("Output window");
+    show_edit_label();
+    set_footer(*this, "Output window");
     resize(workbench.settings().window_size("main", {std::max(560, row->sizeHint().width() + 40), 400}));
 }
 
@@ -63,13 +52,17 @@ void MainWindow::set_query_label(std::string_view label) {
     query_->setAccessibleName(query_label_->text());
 }
 
-void MainWindow::set_footer(std::string_view text) {
-    brindle::set_footer(*this, text);
+void MainWindow::show_corpus_name() {
+    show_edit_label();
+    setWindowTitle(to_qstring(workbench_.corpus().name));
 }
 
-void MainWindow::show_corpus_name() {
-    edit_->setText(edit_label(workbench_.corpus().name));
-    setWindowTitle(to_qstring(workbench_.corpus().name));
+// A long name is cut.
+void MainWindow::show_edit_label() {
+    constexpr std::size_t longest = 34, cut = 31;
+    std::string name = workbench_.corpus().name;
+    if (name.size() > longest) name = std::string(beginning(name, cut)) + "...";
+    edit_->setText("Edit " + to_qstring(name).replace("&", "&&"));
 }
 
 // Closing it is "Quit".

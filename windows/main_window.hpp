@@ -21,7 +21,6 @@ class MainWindow final : public QMainWindow {
     QLineEdit &query() { return *query_; }
     OutputWindow &output() { return *output_; }
     void set_query_label(std::string_view label);
-    void set_footer(std::string_view text);
     // "Edit" and the title show the corpus' name.
     void show_corpus_name();
 
@@ -29,6 +28,8 @@ class MainWindow final : public QMainWindow {
     void closeEvent(QCloseEvent *event) override;
 
   private:
+    void show_edit_label();
+
     Workbench &workbench_;
     QLabel *query_label_;
     QLineEdit *query_;

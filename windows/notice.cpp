@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
+#include "base/backlog.hpp"
 #include "base/text.hpp"
 #include "drawing/text.hpp"
-#include "windows/output_window.hpp"
 
 namespace brindle {
 namespace {
@@ -82,7 +82,8 @@ Notice::Notice(QWidget *owner, const NoticeSpec &spec, std::optional<QPoint> poi
 
 // A message that the screen has no room for scrolls.
 void Notice::add_message(QVBoxLayout &column) {
-    const QString text = to_qstring(clean_message(spec_.message));
+    const std::string message = clean_message(spec_.message);
+    const QString text = to_qstring(message);
     const QFontMetrics metrics(font());
     const int room = screen()->availableSize().height() * 2 / 3;
     const int longest_line = std::min(widest_line, screen()->availableSize().width() - 80);
@@ -99,8 +100,8 @@ void Notice::add_message(QVBoxLayout &column) {
         label->setFocusPolicy(Qt::NoFocus);
         return column.addWidget(label);
     }
-    int end_column = 0;
-    auto *view = new QPlainTextEdit(with_bearable_lines(text, end_column));
+    std::size_t end_column = 0;
+    auto *view = new QPlainTextEdit(to_qstring(with_bearable_lines(message, end_column)));
     view->setReadOnly(true);
     view->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     int height = 24 * metrics.lineSpacing();

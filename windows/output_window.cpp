@@ -8,21 +8,8 @@ namespace brindle {
 namespace {
 
 constexpr int most_characters = 1 << 20;
-constexpr int longest_line = 2000;
 
 }  // namespace
-
-QString with_bearable_lines(const QString &text, int &column) {
-    QString shown;
-    shown.reserve(text.size());
-    for (const QChar c : text) {
-        if (c == QChar(0)) continue;
-        if (column >= longest_line && c != '\n' && !c.isLowSurrogate()) shown += '\n', column = 0;
-        shown += c;
-        column = c == '\n' ? 0 : column + 1;
-    }
-    return shown;
-}
 
 OutputWindow::OutputWindow() {
     setReadOnly(true);
@@ -42,16 +29,11 @@ void OutputWindow::append_text(std::string_view bytes) {
     if (!timer_.isActive()) timer_.start(waiting_.size() > 4096 ? 20 : 0);
 }
 
-void OutputWindow::flush() {
-    while (show_some()) {
-    }
-}
-
 // Shows the beginning of what waits, which takes some milliseconds. False: no whole character waits any more.
 bool OutputWindow::show_some() {
     const std::string piece = waiting_.take();
     if (piece.empty()) return false;
-    const QString shown = with_bearable_lines(to_qstring(piece), column_);
+    const QString shown = to_qstring(with_bearable_lines(piece, column_));
     make_room(static_cast<int>(shown.size()));
     QTextCursor cursor(document());
     cursor.movePosition(QTextCursor::End);

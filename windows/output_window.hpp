@@ -9,10 +9,6 @@
 
 namespace brindle {
 
-// The text with lines of at most 2,000 characters, as longer ones take long to lay out. It goes on in that
-// column, which is left at its end.
-QString with_bearable_lines(const QString &text, int &column);
-
 class OutputWindow final : public QPlainTextEdit {
     Q_OBJECT
   public:
@@ -21,8 +17,6 @@ class OutputWindow final : public QPlainTextEdit {
     // Puts text in the locale's encoding at the end, and scrolls there, when the loop is next idle. The last
     // megabyte stays.
     void append_text(std::string_view bytes);
-    // Shows at once what has come.
-    void flush();
 
   private:
     bool show_some();
@@ -30,7 +24,7 @@ class OutputWindow final : public QPlainTextEdit {
     void show_end();
 
     Backlog waiting_;
-    int column_ = 0;  // of the last line
+    std::size_t column_ = 0;  // of the last line
     QTimer timer_;
 };
 

@@ -80,7 +80,7 @@ void PrologWindowHost::show_foot(TreeView *view, std::string_view text) {
     if (window)
         window->set_footer(text);
     else if (!view)
-        workbench_.main_window().set_footer(text);
+        brindle::set_footer(workbench_.main_window(), text);
 }
 
 void PrologWindowHost::notice(std::string_view text) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "display/corpus_characters.hpp"
-#include "drawing/characters.hpp"
+#include "drawing/fonts.hpp"
 #include "drawing/text.hpp"
 #include "prolog/child_command.hpp"
 #include "windows/batch_box.hpp"

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "drawing/characters.hpp"
+#include "drawing/fonts.hpp"
 #include "drawing/tree_picture.hpp"
 #include "model/traversal.hpp"
 #include "support/test_corpus.hpp"

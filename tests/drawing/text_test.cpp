@@ -8,7 +8,6 @@
 #include <cstdlib>
 
 #include "base/text.hpp"
-#include "drawing/characters.hpp"
 #include "drawing/fonts.hpp"
 #include "drawing/text.hpp"
 
