@@ -97,9 +97,9 @@ std::string why_no_display(const XOptions &taken) {
     const char *wayland = std::getenv("WAYLAND_DISPLAY");
     const bool other = platform && *platform && std::string_view(platform).substr(0, 3) != "xcb";
     if (other || (!(platform && *platform) && wayland && *wayland && taken.display.empty())) return {};
-    xcb_connection_t *connection = xcb_connect(nullptr, nullptr);
+    // Stays open: a server that loses its only client starts anew, and may not be there for the next one.
+    static xcb_connection_t *const connection = xcb_connect(nullptr, nullptr);
     const bool failed = xcb_connection_has_error(connection) != 0;
-    xcb_disconnect(connection);
     const char *name = std::getenv("DISPLAY");
     return failed ? "cannot open the display \"" + std::string(name ? name : "") + "\"" : "";
 }
