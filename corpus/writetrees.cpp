@@ -159,14 +159,12 @@ void write_label(std::string &text, const Node *node) {
     if (node->lex()) (text += START_LEX_TAG) += node->lex()->view();
 }
 
-}  // namespace
-
-std::string write_tree_to_editor(const Node *node) {
-    std::string text;
+// The subtree; `begin_line(depth)` comes before each node.
+template <class BeginLine>
+void write_bracketing(std::string &text, const Node *top, BeginLine &&begin_line) {
     std::size_t depth = 0;
-    for (const Node *n = node;;) {
-        text += '\n';
-        text.append(4 * std::min(depth, indented_levels), ' ');
+    for (const Node *n = top;;) {
+        begin_line(depth);
         write_label(text, n);
         if (n->dtrs()) {
             n = n->dtrs();
@@ -177,9 +175,28 @@ std::string write_tree_to_editor(const Node *node) {
             n = n->mother();
             text += ')';
         }
-        if (depth == 0) return text;
+        if (depth == 0) return;
         n = n->sister();
     }
+}
+
+}  // namespace
+
+std::string write_tree_to_editor(const Node *node) {
+    std::string text;
+    write_bracketing(text, node, [&](std::size_t depth) {
+        text += '\n';
+        text.append(4 * std::min(depth, indented_levels), ' ');
+    });
+    return text;
+}
+
+std::string bracketing_of(const Node *node) {
+    std::string text;
+    write_bracketing(text, node, [&](std::size_t depth) {
+        if (depth > 0) text += ' ';
+    });
+    return text += '\n';
 }
 
 }  // namespace brindle

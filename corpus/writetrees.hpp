@@ -29,4 +29,7 @@ bool save_corpus(const Corpus &corpus, TextSink &sink);
 // others bare.
 std::string write_tree_to_editor(const Node *node);
 
+// The same on one line, which ends in a newline: what the road of changes takes as a subtree's text.
+std::string bracketing_of(const Node *node);
+
 }  // namespace brindle

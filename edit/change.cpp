@@ -1,19 +1,16 @@
 #include "edit/change.hpp"
 
-#include <vector>
+#include <utility>
 
 #include "base/text.hpp"
+#include "edit/counted_change.hpp"
+#include "edit/history.hpp"
 #include "edit/label_rules.hpp"
 #include "edit/replacement.hpp"
-#include "model/traversal.hpp"
 #include "stats/statistics.hpp"
 
 namespace brindle {
 namespace {
-
-void tell(Corpus &corpus, const Change &change) {
-    for (ChangeListener *listener : corpus.listeners) listener->changed(corpus, change);
-}
 
 Label *label_of(Corpus &corpus, std::string_view text) {
     if (text.empty()) return nullptr;
@@ -23,84 +20,47 @@ Label *label_of(Corpus &corpus, std::string_view text) {
     return corpus.labels.intern(copy);
 }
 
-// Takes the contexts that name the node's labels out of the statistics, changes the node, and puts them in
-// again: those of its daughters, the rightmost first, and its own.
-template <class ChangeNode>
-void with_contexts(Statistics &statistics, Node *node, bool checked, ChangeNode &&change_node) {
-    std::vector<Node *> concerned;
-    if (node->dtrs()) do_with_sisters(node->dtrs(), [&](Node *daughter) { concerned.push_back(daughter); });
-    concerned.push_back(node);
-    for (const Node *n : concerned) statistics.withdraw_context(n, checked);
-    change_node();
-    for (const Node *n : concerned) statistics.record_context(n, checked);
-}
-
-// Keeps what undo needs of the tag that the node is about to lose.
-void keep_for_undo(Corpus &corpus, Node *node) {
-    Statistics &statistics = *corpus.statistics;
-    UndoTags &tags = corpus.undo_for_change(node);
-    statistics.release(tags.undo_sem);
-    statistics.retain(node->sem());
-    tags.undo_sem = node->sem();
-    if (node->changed()) return;
-    ++corpus.unsaved_changes;
-    node->set_changed(true);
-    statistics.retain(node->sem());
-    if (node->sem()) tags.orig_sem = node->sem();
-}
-
 void give_tag(Corpus &corpus, Node *node, Label *tag) {
-    Statistics &statistics = *corpus.statistics;
-    Unit *const old = node->unit();
-    Unit *const fresh = corpus.units.intern(old->syn, tag, old->lex);
-    const bool checked = corpus.tree_of(node).checked;
+    if (corpus.history) corpus.history->note_tag(node);
     keep_for_undo(corpus, node);
-    with_contexts(statistics, node, checked, [&] {
-        statistics.discount_together(old, checked);
-        statistics.discount_tag(old->sem, checked);
-        statistics.count_tag(tag, checked);
-        node->set_unit(fresh);
-        statistics.count_together(fresh, checked);
-    });
-    tell(corpus, {Change::Kind::tag, node->tree(), node, text_of(old->sem), text_of(tag)});
+    put_tag(corpus, node, tag);
 }
 
 void give_category(Corpus &corpus, Node *node, Label *category) {
-    Statistics &statistics = *corpus.statistics;
-    Unit *const old = node->unit();
-    Unit *const fresh = corpus.units.intern(category, old->sem, old->lex);
-    const bool checked = corpus.tree_of(node).checked;
+    if (corpus.history) corpus.history->note_category(node);
     if (!node->changed()) ++corpus.unsaved_changes;
-    with_contexts(statistics, node, checked, [&] {
-        statistics.discount_together(old, checked);
-        statistics.discount_category(old, checked);
-        statistics.count_category(fresh, checked);
-        node->set_unit(fresh);
-        statistics.count_together(fresh, checked);
-    });
-    tell(corpus, {Change::Kind::category, node->tree(), node, old->syn->view(), category->view()});
+    put_category(corpus, node, category);
 }
 
-void give_mark(Corpus &corpus, int t, bool checked) {
-    Tree &tree = corpus.tree(t);
-    if (tree.checked == checked) return;
-    tree.checked = checked;
-    corpus.statistics->move_checked_counts(tree.root, checked);
-    tell(corpus, {Change::Kind::check_mark, t, nullptr, checked ? "" : "*", checked ? "*" : ""});
+void give_mark(Corpus &corpus, int tree, bool checked) {
+    if (corpus.tree(tree).checked == checked) return;
+    if (corpus.history) corpus.history->note_mark(tree);
+    put_mark(corpus, tree, checked);
 }
 
 std::optional<std::string> change_subtree(Corpus &corpus, const Change &change) {
     SubtreeReplacement replacement(corpus, change.node);
     if (auto refusal = replacement.refuse(change.after)) return refusal;
+    const HistoryStep step(corpus, plain_name(Change::Kind::subtree, change.tree));
     give_mark(corpus, change.tree, false);
-    Node *const fresh = replacement.put(change.after);
+    Node *const fresh = replacement.read(change.after);
+    if (corpus.history) corpus.history->note_subtree(fresh);
+    replacement.put(fresh);
     ++corpus.unsaved_changes;
     tell(corpus, {Change::Kind::subtree, change.tree, fresh, {}, change.after, change.node});
-    replacement.free_old();
+    DetachedSubtree old = replacement.detach_old();
+    if (corpus.history)
+        corpus.history->keep(std::move(old));
+    else
+        free_nodes(corpus, old);
     return std::nullopt;
 }
 
 }  // namespace
+
+void tell(Corpus &corpus, const Change &change) {
+    for (ChangeListener *listener : corpus.listeners) listener->changed(corpus, change);
+}
 
 std::optional<std::string> make_change(Corpus &corpus, Change change) {
     switch (change.kind) {
@@ -130,13 +90,19 @@ bool undo_last(Corpus &corpus, Node *node) {
 
 bool undo_all(Corpus &corpus, Node *node) {
     if (!node->changed()) return false;
-    --corpus.unsaved_changes;
     give_tag(corpus, node, corpus.undo_of(node).orig_sem);
+    --corpus.unsaved_changes;
     UndoTags &tags = corpus.undo_for_change(node);
     corpus.statistics->release(tags.orig_sem);
     tags.orig_sem = nullptr;
     node->set_changed(false);
     return true;
+}
+
+void select_in_step(Corpus &corpus, Node *node, bool selected) {
+    if (node->selected() == selected) return;
+    if (corpus.history) corpus.history->note_selection(node);
+    node->select(selected);
 }
 
 bool is_below(const Node *top, const Node *n) {

@@ -26,8 +26,12 @@ struct ChangeListener {
     virtual void changed(const Corpus &corpus, const Change &change) = 0;
 };
 
+// Tells the corpus' listeners. For those who make changes (edit/) alone.
+void tell(Corpus &corpus, const Change &change);
+
 // The road: refuses the change and says why (nothing has happened then), or makes it, corrects every count,
-// and tells the listeners of the corpus. `before` and `replaced` are found here; of the rest:
+// and tells the listeners of the corpus; its history, if there is one, has noted what was there. `before` and
+// `replaced` are found here; of the rest:
 //   tag         blanks become '_'; what cannot be written and read back is refused (edit/label_rules.hpp).
 //               The tag may be the one that the node has: it counts as changed then, too
 //   category    likewise; "" changes nothing. Not kept for undo
@@ -62,6 +66,9 @@ bool undo_last(Corpus &corpus, Node *node);
 // Gives the node the tag of the last save and forgets its changes (one unsaved change less). False: it is not
 // changed.
 bool undo_all(Corpus &corpus, Node *node);
+
+// Selects the node or not as part of a command: undoing the command's step takes that back, too.
+void select_in_step(Corpus &corpus, Node *node, bool selected);
 
 // True if n is `top` or lies below it. n may be null.
 bool is_below(const Node *top, const Node *n);

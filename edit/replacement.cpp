@@ -2,6 +2,7 @@
 
 #include "corpus/node_builder.hpp"
 #include "edit/bracketing.hpp"
+#include "edit/counted_change.hpp"
 #include "model/traversal.hpp"
 #include "stats/statistics.hpp"
 
@@ -13,25 +14,26 @@ std::optional<std::string> SubtreeReplacement::refuse(std::string_view bracketin
     return message;
 }
 
-Node *SubtreeReplacement::put(std::string_view bracketing) {
-    Node *const fresh = read(bracketing);
-    withdraw_old();
-    attach(fresh);
-    return fresh;
-}
-
-// Reads the nodes and counts them as unchecked, but for the top's own context: it has no mother yet.
 Node *SubtreeReplacement::read(std::string_view bracketing) {
     NodeBuilder builder(corpus_);
     const char *p = bracketing.data();
     const SyntaxFault fault = builder.read(p, p + bracketing.size(), old_->tree());
     if (fault.kind != FaultKind::none)
         fault_in_hashtable();  // cannot be: the text has passed the same grammar
-    Statistics &statistics = *corpus_.statistics;
-    for (const std::uint32_t place : builder.tree().completed)
-        statistics.count(builder.tree().nodes[place].node->unit(), false);
-    do_with(builder.top(), [&](const Node *node) { statistics.record_context(node, false); });
     return builder.top();
+}
+
+void SubtreeReplacement::put(Node *fresh) {
+    count(fresh);
+    withdraw_old();
+    attach(fresh);
+}
+
+// As unchecked, but for the top's own context: it has no mother yet.
+void SubtreeReplacement::count(Node *fresh) {
+    Statistics &statistics = *corpus_.statistics;
+    for_each_mother_last(fresh, [&](const Node *node) { statistics.count(node->unit(), false); });
+    do_with(fresh, [&](const Node *node) { statistics.record_context(node, false); });
 }
 
 void SubtreeReplacement::withdraw_old() {
@@ -59,19 +61,34 @@ void SubtreeReplacement::attach(Node *fresh) {
     corpus_.statistics->record_context(fresh, false);
 }
 
-void SubtreeReplacement::free_old() {
+DetachedSubtree SubtreeReplacement::detach_old() {
     Statistics &statistics = *corpus_.statistics;
-    old_->set_sister(nullptr);  // the walk stays inside the old subtree
+    DetachedSubtree subtree{old_};
+    old_->set_mother(nullptr);
+    old_->set_sister(nullptr);  // walks stay inside the old subtree
     do_with(old_, [&](Node *node) {
-        UndoTags &tags = corpus_.undo_for_change(node);
-        statistics.release(tags.undo_sem);
-        statistics.release(tags.orig_sem);
-        tags = {};
+        ++subtree.nodes;
+        const UndoTags tags = corpus_.undo_of(node);
+        if (tags.undo_sem || tags.orig_sem) {
+            subtree.undo.push_back({corpus_.nodes.number_of(node), tags});
+            put_undo_tags(corpus_, node, {});
+        }
         statistics.discount_tag(node->sem(), false);
         statistics.discount_category(node->unit(), false);
         statistics.discount_word(node->unit(), false);
-        corpus_.nodes.release(node);
     });
+    return subtree;
+}
+
+void restore_undo(Corpus &corpus, const DetachedSubtree &subtree, bool saved_since) {
+    if (saved_since)
+        for_each_in_subtree(subtree.top, [](Node *node) { node->set_changed(false); });
+    else
+        for (const auto &[node, tags] : subtree.undo) put_undo_tags(corpus, &corpus.nodes[node], tags);
+}
+
+void free_nodes(Corpus &corpus, const DetachedSubtree &subtree) {
+    do_with(subtree.top, [&](Node *node) { corpus.nodes.release(node); });
 }
 
 }  // namespace brindle

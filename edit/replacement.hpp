@@ -1,12 +1,25 @@
 #pragma once
-// The steps by which a subtree is replaced by an edited one; edit/change.hpp goes them.
+// The steps by which a subtree is replaced by another; edit/change.hpp and the history go them.
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/corpus.hpp"
 
 namespace brindle {
+
+// Nodes out of their tree and counted nowhere. Their selections and `changed` flags stand in them, their undo
+// tags here.
+struct DetachedSubtree {
+    struct NodeUndo {
+        std::uint32_t node;
+        UndoTags tags;
+    };
+    Node *top = nullptr;
+    std::size_t nodes = 0;
+    std::vector<NodeUndo> undo = {};  // of the nodes that have undo tags
+};
 
 class SubtreeReplacement {
   public:
@@ -15,20 +28,28 @@ class SubtreeReplacement {
 
     // Why the bracketing cannot be put there; no value: it can.
     std::optional<std::string> refuse(std::string_view bracketing) const;
-    // Puts what the bracketing says in the old subtree's place and returns its top. The old nodes are counted
-    // no more, but still there to be looked at. REQUIRES: the bracketing is not refused; the tree is
-    // unchecked.
-    Node *put(std::string_view bracketing);
-    // Takes the old nodes' labels out of the tables, with their undo tags, and frees them.
-    void free_old();
+    // The nodes that the bracketing says, counted nowhere. REQUIRES: it is not refused.
+    Node *read(std::string_view bracketing);
+    // Counts the nodes below `fresh` and puts them in the old subtree's place. The old nodes do not occur
+    // with others any more, but are still there to be looked at. REQUIRES: the tree is unchecked.
+    void put(Node *fresh);
+    // Takes the old nodes' labels out of the tables, with their undo tags. The caller owns the nodes then.
+    DetachedSubtree detach_old();
 
   private:
-    Node *read(std::string_view bracketing);
+    void count(Node *fresh);
     void withdraw_old();
     void attach(Node *fresh);
 
     Corpus &corpus_;
     Node *old_;
 };
+
+// Gives nodes that have been put again the undo tags of when they were detached; or, if there has been a save
+// since, makes them nodes that were never changed.
+void restore_undo(Corpus &corpus, const DetachedSubtree &subtree, bool saved_since);
+
+// Gives the nodes back. Nothing may refer to them any more.
+void free_nodes(Corpus &corpus, const DetachedSubtree &subtree);
 
 }  // namespace brindle

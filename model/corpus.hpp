@@ -15,6 +15,7 @@ namespace brindle {
 
 class Statistics;       // stats/statistics.hpp
 struct ChangeListener;  // edit/change.hpp
+class History;          // edit/history.hpp
 
 // One tree of a corpus.
 struct Tree {
@@ -64,8 +65,10 @@ class Corpus {
     std::string name;              // the corpus file's name; set at start-up and by "Save as"
     std::timespec file_time = {};  // the file's modification time when read or last saved
     int unsaved_changes = 0;
+    std::uint32_t saves = 0;  // how often forget_edits was called
 
     std::vector<ChangeListener *> listeners;  // told of every change (edit/change.hpp); none is owned
+    History *history = nullptr;               // notes every change for undo and redo; null: none is kept
 
   private:
     GrowingArray<UndoTags> undo_{Pages::on_demand};  // by the node's number

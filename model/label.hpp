@@ -92,6 +92,14 @@ class Labels {
     // The record of a text if it has one, else null. Makes nothing.
     Label *find(std::string_view text) const { return find(text, text_hash(text)); }
 
+    // Labels by number, for records that are to be small; 0: no label.
+    Label *operator[](std::uint32_t number) { return number ? at(number) : nullptr; }
+    std::uint32_t number_of(const Label *label) const {
+        if (!label) return 0;
+        const auto place = reinterpret_cast<const std::byte *>(label) - memory_.data();
+        return static_cast<std::uint32_t>(static_cast<std::size_t>(place) / alignment);
+    }
+
     // Ask memory for what intern will look at: first the slot, some time later the label.
     void fetch_slot(std::uint32_t hash) const { index_.fetch_slot(hash); }
     void fetch_label(std::uint32_t hash) const {

@@ -55,4 +55,18 @@ void for_each_in_subtree(Node *top, Function &&function) {
     for (Node *n = top; n; n = next_in_document(n, top)) function(n);
 }
 
+// Applies the function to every node of the subtree of `top` (its sisters left out), left to right, each
+// after its daughters.
+template <class Function>
+void for_each_mother_last(Node *top, Function &&function) {
+    const auto lowest = [](Node *node) {
+        while (node->dtrs()) node = node->dtrs();
+        return node;
+    };
+    for (Node *n = lowest(top);; n = n->sister() ? lowest(n->sister()) : n->mother()) {
+        function(n);
+        if (n == top) return;
+    }
+}
+
 }  // namespace brindle

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "edit/change.hpp"
+#include "edit/history.hpp"
 #include "model/punctuation.hpp"
 #include "propose/run.hpp"
 
@@ -132,6 +133,7 @@ std::optional<ExpansionError> expand(std::string &out, Corpus &corpus, Node *nod
 }
 
 std::optional<ExpansionError> expand_into_tags(Corpus &corpus, Node *node, ExpansionOptions options) {
+    const HistoryStep step(corpus, "Expand");
     options.into_tags = true;
     std::string text;
     return expand(text, corpus, node, options);
@@ -139,6 +141,7 @@ std::optional<ExpansionError> expand_into_tags(Corpus &corpus, Node *node, Expan
 
 int expand_all(Run &run, const std::function<void(const ExpansionError &)> &failed,
                const std::function<void(Node *daughter)> &on_punctuation) {
+    const HistoryStep step(run.corpus(), "Expand");
     const ExpansionOptions options{.whole = true, .on_punctuation = on_punctuation};
     return run.for_each_tree([&](int tree) {
         Node *const root = run.corpus().tree(tree).root;

@@ -39,12 +39,14 @@ int NodeRun::tree() const {
 }
 
 void NodeRun::start() {
+    if (kind_ == NodeRunKind::filter) step_.emplace(corpus_, "Filter");
     send_or_finish();
 }
 
 void NodeRun::stop() {
     ended_ = true;
     awaited_ = nullptr;
+    step_.reset();
 }
 
 void NodeRun::go_on() {
@@ -84,6 +86,7 @@ void NodeRun::send_or_finish() {
 void NodeRun::finish() {
     awaited_ = nullptr;
     if (std::exchange(ended_, true)) return;
+    step_.reset();
     hooks_.finish(tree());
 }
 
@@ -99,7 +102,9 @@ void NodeRun::take_message(std::string_view message) {
 
 void NodeRun::break_off() {
     awaited_ = nullptr;
-    if (!std::exchange(ended_, true)) hooks_.broken_off();
+    if (std::exchange(ended_, true)) return;
+    step_.reset();
+    hooks_.broken_off();
 }
 
 void NodeRun::subtree_replaced(const Node *top) {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "model/corpus.hpp"
+#include "edit/history.hpp"
 
 namespace brindle {
 
@@ -76,6 +76,7 @@ class NodeRun {
     Node *node_ = nullptr;     // the node in hand; null: the tree is done
     Node *awaited_ = nullptr;  // node_ while its answer is awaited
     bool ended_ = false;
+    std::optional<HistoryStep> step_;  // of the history, while a filter run goes on
 };
 
 // Gives the node Prolog's message as its tag, line ends around it left out. Returns the notice to show if it

@@ -7,7 +7,7 @@ namespace brindle {
 
 bool Proposer::propose(int t) {
     Node *const root = corpus_.tree(t).root;
-    for_each_in_subtree(root, [](Node *node) { node->select(false); });
+    for_each_in_subtree(root, [this](Node *node) { select_in_step(corpus_, node, false); });
     finder_.take(root);
     choose(finder_);
     return put_guessed_labels();
@@ -21,7 +21,7 @@ bool Proposer::put_guessed_labels() {
         const ProposalNode &p = nodes[place];
         set_tag(corpus_, p.node, p.choice ? text_of(finder_.unit(p.choice).sem) : NO_MATCH);
         if (!p.node->dtrs() || (p.choice && finder_.is_built(place))) continue;
-        p.node->select(true);
+        select_in_step(corpus_, p.node, true);
         has_break = true;
     }
     return has_break;

@@ -4,6 +4,7 @@
 
 #include <fmt/printf.h>
 
+#include "edit/history.hpp"
 #include "model/traversal.hpp"
 #include "propose/propose.hpp"
 #include "stats/statistics.hpp"
@@ -195,6 +196,7 @@ std::string report_text(const ProposalResults &results, const std::string &corpu
 
 std::string propose_and_evaluate(Run &run, const SelectionChoice &choice, int &last) {
     Corpus &corpus = run.corpus();
+    const HistoryStep step(corpus, "Propose and evaluate");
     ProposalResults results;
     results.random = choice.random;
     results.seed = choice.random ? static_cast<int>(choice.seed) : 0;

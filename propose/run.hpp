@@ -40,7 +40,7 @@ class Run {
     bool stopped_ = false;
 };
 
-// The actions, each a whole run.
+// The actions, each a whole run and one step of the history (edit/history.hpp).
 int check_all(Run &run);
 int uncheck_all(Run &run);
 int propose_all(Run &run);     // unchecks each tree just before it is proposed

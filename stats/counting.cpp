@@ -39,6 +39,7 @@ void Corpus::forget_edits() {
         nodes[number].set_changed(false);
     }
     unsaved_changes = 0;
+    ++saves;
 }
 
 void fault_in_hashtable() {

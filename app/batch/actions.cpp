@@ -34,6 +34,7 @@ std::span<const Action> actions() {
          "  clear TREE PATH|*         copy TREE PATH TREE PATH\n"
          "  bracket TREE PATH TEXT    propose TREE\n"
          "  check TREE                uncheck TREE\n"
+         "  undo-step                 redo-step\n"
          "  saved\n"
          "Empty lines and lines that begin with # are skipped. A line that cannot be carried out ends the "
          "run: nothing is written.",

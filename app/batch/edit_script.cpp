@@ -8,6 +8,7 @@
 #include "app/batch/session.hpp"
 #include "app/batch/shell.hpp"
 #include "edit/change.hpp"
+#include "edit/history.hpp"
 #include "model/path.hpp"
 #include "model/traversal.hpp"
 #include "propose/run.hpp"
@@ -101,11 +102,12 @@ void do_undo(Fields &fields) {
 
 // `undo-all` and `clear`: on a node, or on every node of a tree.
 template <class Operation>
-void on_node_or_tree(Fields &fields, Operation operation) {
+void on_node_or_tree(Fields &fields, const char *name, Operation operation) {
     const int tree = fields.tree();
     Node *node = fields.node_or_all(tree);
     fields.end();
     Corpus &corpus = fields.corpus;
+    const HistoryStep step(corpus, fmt::format("{}, tree {}", name, tree + 1));
     if (node)
         operation(corpus, node);
     else
@@ -136,6 +138,12 @@ void do_check(Fields &fields, bool checked) {
     set_checked(fields.corpus, tree, checked);
 }
 
+// `undo-step` and `redo-step`: nothing, if there is no step or nobody keeps them.
+void do_step(Fields &fields, std::optional<StepInfo> (History::*go)()) {
+    fields.end();
+    if (fields.corpus.history) (fields.corpus.history->*go)();
+}
+
 struct Operation {
     std::string_view name;
     void (*run)(Fields &);
@@ -145,13 +153,15 @@ constexpr Operation operations[] = {
     {"tag", do_tag},
     {"category", do_category},
     {"undo", do_undo},
-    {"undo-all", [](Fields &f) { on_node_or_tree(f, undo_all); }},
-    {"clear", [](Fields &f) { on_node_or_tree(f, clear); }},
+    {"undo-all", [](Fields &f) { on_node_or_tree(f, "Undo edits", undo_all); }},
+    {"clear", [](Fields &f) { on_node_or_tree(f, "Clear", clear); }},
     {"copy", do_copy},
     {"bracket", do_bracket},
     {"check", [](Fields &f) { do_check(f, true); }},
     {"uncheck", [](Fields &f) { do_check(f, false); }},
     {"propose", do_propose},
+    {"undo-step", [](Fields &f) { do_step(f, &History::undo); }},
+    {"redo-step", [](Fields &f) { do_step(f, &History::redo); }},
     {"saved", [](Fields &f) { f.end(), f.corpus.forget_edits(); }},
 };
 
@@ -171,6 +181,7 @@ std::string carry_out(Corpus &corpus, std::string_view line) {
 
 int run_edit(const Options &options) {
     Session session(options);
+    const History history(session.corpus);
     std::string script;
     if (!take_in(options.script, script)) return failed;
     std::string_view rest = script;
