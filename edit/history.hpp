@@ -60,7 +60,7 @@ class History {
     // How many steps have been forgotten because memory was short.
     int dropped() const { return dropped_; }
     // Bytes held, those of kept nodes included.
-    std::size_t bytes() const;
+    std::size_t bytes() const { return bytes_; }
 
     // ---------------------------------------------------------------- for HistoryStep and the road alone
 
@@ -97,6 +97,7 @@ class History {
         int unsaved;          // unsaved changes on the other side
         std::uint32_t saves;  // when that was noted
         std::size_t records;
+        std::size_t bytes() const { return sizeof *this + name.capacity(); }
     };
 
     // Noting.
@@ -129,7 +130,7 @@ class History {
     std::size_t done_parts_ = 0;
     std::unordered_map<std::uint32_t, DetachedSubtree> kept_;
     std::uint32_t next_key_ = 0;
-    std::size_t other_bytes_ = 0;  // of names and kept nodes
+    std::size_t bytes_ = 0;
     int dropped_ = 0;
 
     // The open step.
