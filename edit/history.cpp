@@ -278,7 +278,7 @@ void History::exchange_subtree(Record &record, bool saved_since) {
     Node *const fresh = kept.top;
     SubtreeReplacement replacement(corpus_, old);
     replacement.put(fresh);
-    restore_undo(corpus_, kept, saved_since);
+    if (!saved_since) restore_undo_tags(corpus_, kept);
     ++corpus_.unsaved_changes;
     if (!corpus_.listeners.empty())
         tell(corpus_, {Change::Kind::subtree, fresh->tree(), fresh, {}, bracketing_of(fresh), old});
