@@ -31,10 +31,6 @@ History::~History() {
     corpus_.history = nullptr;
 }
 
-std::size_t History::bytes() const {
-    return records_.size() * sizeof(Record) + parts_.size() * sizeof(Part) + other_bytes_;
-}
-
 // ---------------------------------------------------------------- noting
 
 void History::open(std::string name) {
@@ -55,7 +51,7 @@ void History::begin_part(Change::Kind kind, int tree) {
     }
     parts_.push_back({depth_ > 0 && !continues ? std::move(name_) : std::string(), kind, continues, tree, 0,
                       0, corpus_.unsaved_changes, corpus_.saves, 0});
-    other_bytes_ += parts_.back().name.capacity();
+    bytes_ += parts_.back().bytes();
     ++done_parts_;
     begun_ = true;
 }
@@ -72,6 +68,7 @@ void History::note(Change::Kind kind, int tree, const Record &record) {
     if (depth_ == 0 || !begun_ || parts_.back().saves != corpus_.saves) begin_part(kind, tree);
     Part &part = parts_.back();
     records_.push_back(record);
+    bytes_ += sizeof(Record);
     ++done_records_;
     ++part.records;
     part.changes += record.kind != Kind::selection;
@@ -118,7 +115,7 @@ void History::note_subtree(const Node *fresh) {
 }
 
 void History::keep(DetachedSubtree old) {
-    other_bytes_ += bytes_of(old);
+    bytes_ += bytes_of(old);
     kept_.emplace(next_key_, std::move(old));
     keep_within_memory();
 }
@@ -131,26 +128,30 @@ void History::free_kept(const Record &record) {
     if (record.kind != Kind::subtree) return;
     const auto found = kept_.find(record.other);
     if (found == kept_.end()) return;  // it is just being noted
-    other_bytes_ -= bytes_of(found->second);
+    bytes_ -= bytes_of(found->second);
     free_nodes(corpus_, found->second);
     kept_.erase(found);
 }
 
 void History::forget_undone() {
-    for (; records_.size() > done_records_; records_.pop_back()) free_kept(records_.back());
-    for (; parts_.size() > done_parts_; parts_.pop_back()) other_bytes_ -= parts_.back().name.capacity();
+    for (; records_.size() > done_records_; records_.pop_back()) {
+        free_kept(records_.back());
+        bytes_ -= sizeof(Record);
+    }
+    for (; parts_.size() > done_parts_; parts_.pop_back()) bytes_ -= parts_.back().bytes();
 }
 
 void History::keep_within_memory() {
-    while (bytes() > most_bytes_) {
+    while (bytes_ > most_bytes_) {
         const std::size_t parts = end_of_step(0);
         if (parts == parts_.size()) return;
         for (std::size_t n = parts; n > 0; --n, parts_.pop_front()) {
             const auto end = records_.begin() + static_cast<std::ptrdiff_t>(parts_.front().records);
             std::for_each(records_.begin(), end, [this](const Record &record) { free_kept(record); });
             records_.erase(records_.begin(), end);
+            bytes_ -= parts_.front().records * sizeof(Record);
             done_records_ -= parts_.front().records;
-            other_bytes_ -= parts_.front().name.capacity();
+            bytes_ -= parts_.front().bytes();
         }
         done_parts_ -= parts;
         ++dropped_;
@@ -272,17 +273,17 @@ void History::exchange_category(Record &record, bool saved_since) {
 
 void History::exchange_subtree(Record &record, bool saved_since) {
     DetachedSubtree &kept = kept_.at(record.other);
-    other_bytes_ -= bytes_of(kept);
+    bytes_ -= bytes_of(kept);
     Node *const old = &corpus_.nodes[record.node];
     Node *const fresh = kept.top;
     SubtreeReplacement replacement(corpus_, old);
     replacement.put(fresh);
-    restore_undo(corpus_, kept, saved_since);
+    if (!saved_since) restore_undo_tags(corpus_, kept);
     ++corpus_.unsaved_changes;
     if (!corpus_.listeners.empty())
         tell(corpus_, {Change::Kind::subtree, fresh->tree(), fresh, {}, bracketing_of(fresh), old});
     kept = replacement.detach_old();
-    other_bytes_ += bytes_of(kept);
+    bytes_ += bytes_of(kept);
     record.node = corpus_.nodes.number_of(fresh);
 }
 

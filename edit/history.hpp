@@ -2,18 +2,19 @@
 // Undo and redo of a session: what one command did is one step.
 //
 // A step is a row of records of 20 bytes, each the state of a node (or a tree's mark) on the other side of
-// the change: undoing and redoing both exchange what a record holds with what is there, and so does whatever
-// the node menu's own undo needs of the node: its undo tags, its `changed` flag. The nodes of a replaced
-// subtree are not freed but kept, so that the very same nodes come back and the numbers in other records stay
-// good.
+// the change: undoing and redoing both exchange what a record holds with what is there. The state of a node
+// includes what the node menu's own undo needs: its undo tags and its `changed` flag. The nodes of a replaced
+// subtree are not freed but kept, so that the very same nodes come back and their numbers in other records
+// stay good.
 //
 // Saving does not end the history. As long as nothing is saved between a change and its undo, undo brings
 // back exactly what there was, the count of unsaved changes and each node's undo state included; likewise a
-// redo after an undo. If the corpus has been saved in between, that state was of another file: the change
-// then counts as an ordinary one against the file as it is now. A tag that comes back is one more unsaved
-// change, the node is changed, its own undo leads to the tag that was saved; a category or subtree that comes
-// back counts as one, too. So after any undo or redo there are unsaved changes if the trees differ from the
-// file.
+// redo after an undo. If the corpus has been saved in between, that state was of another file: then the
+// change counts as an ordinary one against the file as it is now. A tag that comes back is an unsaved change,
+// the node is changed, and its own undo leads to the tag that was saved; a category counts as when it is
+// typed, a subtree as one change, its nodes unchanged. Redoing that leads back to what was saved, with
+// nothing unsaved. A command amid which was saved is one step all the same; each part follows the rule for
+// itself.
 #include <cstdint>
 #include <deque>
 #include <optional>
@@ -60,7 +61,7 @@ class History {
     // How many steps have been forgotten because memory was short.
     int dropped() const { return dropped_; }
     // Bytes held, those of kept nodes included.
-    std::size_t bytes() const;
+    std::size_t bytes() const { return bytes_; }
 
     // ---------------------------------------------------------------- for HistoryStep and the road alone
 
@@ -97,6 +98,7 @@ class History {
         int unsaved;          // unsaved changes on the other side
         std::uint32_t saves;  // when that was noted
         std::size_t records;
+        std::size_t bytes() const { return sizeof *this + name.capacity(); }
     };
 
     // Noting.
@@ -129,7 +131,7 @@ class History {
     std::size_t done_parts_ = 0;
     std::unordered_map<std::uint32_t, DetachedSubtree> kept_;
     std::uint32_t next_key_ = 0;
-    std::size_t other_bytes_ = 0;  // of names and kept nodes
+    std::size_t bytes_ = 0;
     int dropped_ = 0;
 
     // The open step.

@@ -80,11 +80,8 @@ DetachedSubtree SubtreeReplacement::detach_old() {
     return subtree;
 }
 
-void restore_undo(Corpus &corpus, const DetachedSubtree &subtree, bool saved_since) {
-    if (saved_since)
-        for_each_in_subtree(subtree.top, [](Node *node) { node->set_changed(false); });
-    else
-        for (const auto &[node, tags] : subtree.undo) put_undo_tags(corpus, &corpus.nodes[node], tags);
+void restore_undo_tags(Corpus &corpus, const DetachedSubtree &subtree) {
+    for (const auto &[node, tags] : subtree.undo) put_undo_tags(corpus, &corpus.nodes[node], tags);
 }
 
 void free_nodes(Corpus &corpus, const DetachedSubtree &subtree) {

@@ -45,9 +45,9 @@ class SubtreeReplacement {
     Node *old_;
 };
 
-// Gives nodes that have been put again the undo tags of when they were detached; or, if there has been a save
-// since, makes them nodes that were never changed.
-void restore_undo(Corpus &corpus, const DetachedSubtree &subtree, bool saved_since);
+// Gives nodes that have been put again the undo tags of when they were detached. Not after a save: it has
+// made all nodes, detached ones too, nodes that were never changed.
+void restore_undo_tags(Corpus &corpus, const DetachedSubtree &subtree);
 
 // Gives the nodes back. Nothing may refer to them any more.
 void free_nodes(Corpus &corpus, const DetachedSubtree &subtree);

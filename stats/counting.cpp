@@ -28,6 +28,7 @@ void unlink(Bucket<Entry> &bucket, Entry *entry) {
 Corpus::Corpus() : statistics(std::make_unique<Statistics>(*this)) {}
 Corpus::~Corpus() = default;
 
+// Of nodes in no tree, too: the history may put them there again.
 void Corpus::forget_edits() {
     for (std::uint32_t number = 1; number < undo_.size(); ++number) {
         UndoTags &tags = undo_[number];

@@ -1,6 +1,9 @@
 #include "windows/node_menu.hpp"
 
+#include <fmt/format.h>
+
 #include "edit/change.hpp"
+#include "edit/history.hpp"
 #include "model/traversal.hpp"
 #include "windows/command_window.hpp"
 #include "windows/formulas.hpp"
@@ -13,9 +16,10 @@
 namespace brindle {
 namespace {
 
-// Applies the function to every node of the shown tree.
+// Applies the function to every node of the shown tree: one step to undo.
 template <class Function>
-void with_tree(TreeWindow &window, Function &&function) {
+void with_tree(TreeWindow &window, const char *name, Function &&function) {
+    const HistoryStep step(window.corpus(), fmt::format("{}, tree {}", name, window.tree_number() + 1));
     if (const Tree *tree = window.current_tree()) do_with(tree->root, function);
 }
 
@@ -46,14 +50,14 @@ void fill_tag_menu(QMenu &menu, TreeWindow &window, Node &node) {
     QMenu *clear_menu = menu.addMenu("clear");
     clear_menu->addAction("this node", &menu, [&corpus, n] { clear(corpus, n); });
     clear_menu->addAction("this tree", &menu, [&window, &corpus] {
-        with_tree(window, [&corpus](Node *each) { clear(corpus, each); });
+        with_tree(window, "Clear", [&corpus](Node *each) { clear(corpus, each); });
     });
     QMenu *undo = menu.addMenu("undo");
     undo->addAction("undo last edit", &menu, [&corpus, n] { undo_last(corpus, n); });
     QMenu *all = undo->addMenu("undo all edits");
     all->addAction("on this node", &menu, [&corpus, n] { undo_all(corpus, n); });
     all->addAction("on this tree", &menu, [&window, &corpus] {
-        with_tree(window, [&corpus](Node *each) { undo_all(corpus, each); });
+        with_tree(window, "Undo all edits", [&corpus](Node *each) { undo_all(corpus, each); });
     });
     menu.addAction("filter", &menu, [&window, n] { filter_node(window, *n); });
 }

@@ -1,5 +1,6 @@
 // What the buttons of "Search & Replace" show and ask.
 #include "display/search_command.hpp"
+#include "edit/history.hpp"
 #include "windows/search_box.hpp"
 #include "windows/tree_window.hpp"
 #include "windows/workbench.hpp"
@@ -80,6 +81,7 @@ class SearchDialogue final : public SearchHost {
 }  // namespace
 
 void search(TreeWindow &window, SearchAction action) {
+    const HistoryStep step(window.corpus(), action == SearchAction::replace_all ? "Replace all" : "Replace");
     SearchDialogue dialogue(window);
     const int tree = run_search(window.corpus(), window.search_box->command(action), dialogue);
     dialogue.arrived();

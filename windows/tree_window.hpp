@@ -111,6 +111,7 @@ class TreeWindow final : public QMainWindow, public TreeView {
                          std::function<void()> f);
     void create_panel();
     void create_menus();  // tree_window_menus.cpp
+    void create_edit_menu(QMenu &menu);
     void create_view_menu(QMenu &menu);
     void create_tree_menu(QMenu &menu);
     void create_canvas();

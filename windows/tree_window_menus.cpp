@@ -2,6 +2,7 @@
 #include <QCheckBox>
 
 #include "display/selection.hpp"
+#include "drawing/text.hpp"
 #include "windows/appearance.hpp"
 #include "windows/batch_box.hpp"
 #include "windows/node_menu.hpp"
@@ -48,7 +49,7 @@ void TreeWindow::create_menus() {
     file->addAction(actions_.close);
     file->addAction(
         add_command("Quit", "Ends the program", {QKeySequence::Quit}, [this] { workbench_.quit(); }));
-    menuBar()->addMenu("&Edit")->addAction(actions_.search);
+    create_edit_menu(*menuBar()->addMenu("&Edit"));
     create_tree_menu(*menuBar()->addMenu("&Tree"));
     QMenu *node = menuBar()->addMenu("&Node");
     fill_when_opened(*node, [this](QMenu &menu) {
@@ -76,6 +77,23 @@ void TreeWindow::create_menus() {
     help->addAction("About BRINDLE", this, [this] {
         tell("BRINDLE " BRINDLE_VERSION "\nA workbench for treebanks annotated with meaning.", true);
     });
+}
+
+// The entries say what they would undo and redo.
+void TreeWindow::create_edit_menu(QMenu &menu) {
+    QAction *undo = add_command("Undo", "Takes the last command back", {QKeySequence("Ctrl+Z")},
+                                [this] { workbench_.undo_or_redo(*this, true); });
+    QAction *redo = add_command("Redo", "Does again what was taken back",
+                                {QKeySequence("Ctrl+Shift+Z"), QKeySequence("Ctrl+Y")},
+                                [this] { workbench_.undo_or_redo(*this, false); });
+    connect(&menu, &QMenu::aboutToShow, this, [this, undo, redo] {
+        const auto next_undo = workbench_.history().next_undo(), next_redo = workbench_.history().next_redo();
+        undo->setText(next_undo ? "Undo " + to_qstring(next_undo->name) : QString("Undo"));
+        redo->setText(next_redo ? "Redo " + to_qstring(next_redo->name) : QString("Redo"));
+    });
+    menu.addActions({undo, redo});
+    menu.addSeparator();
+    menu.addAction(actions_.search);
 }
 
 void TreeWindow::create_tree_menu(QMenu &menu) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include <fmt/format.h>
+
 #include "display/corpus_characters.hpp"
 #include "drawing/fonts.hpp"
 #include "drawing/text.hpp"
@@ -17,6 +19,7 @@ namespace brindle {
 
 Workbench::Workbench(Corpus &corpus)
     : corpus_(corpus),
+      history_(corpus),
       main_window_(std::make_unique<MainWindow>(*this)),
       host_(std::make_unique<PrologWindowHost>(*this)),
       prolog_(std::make_unique<PrologSession>(*host_, corpus)) {
@@ -91,6 +94,20 @@ void Workbench::set_all_busy(bool busy) {
 void Workbench::show_corpus_name() {
     main_window_->show_corpus_name();
     for (TreeWindow *window : windows_) window->show_corpus_name();
+}
+
+void Workbench::undo_or_redo(TreeWindow &window, bool undo) {
+    if (std::ranges::any_of(corpus_.trees, &Tree::editing))
+        return window.tell("A syntax editor is active; finish or cancel it first.", false);
+    for (TreeWindow *open : windows_)
+        for (CommandWindow *own : open->findChildren<CommandWindow *>())
+            if (own->node()) own->hide();
+    end_copy();
+    prolog_->drop_claim();
+    const auto step = undo ? history_.undo() : history_.redo();
+    if (!step) return window.set_footer(undo ? "Nothing to undo" : "Nothing to redo");
+    window.turn_to(step->tree);
+    window.set_footer(fmt::format("{}: {}", undo ? "Undone" : "Redone", step->name));
 }
 
 bool Workbench::quit() {

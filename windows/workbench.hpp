@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "edit/change.hpp"
+#include "edit/history.hpp"
 #include "model/corpus.hpp"
 #include "model/tree_view.hpp"
 #include "prolog/session.hpp"
@@ -60,6 +61,11 @@ class Workbench final : private ChangeListener {
     void set_all_busy(bool busy);
     // The corpus has got a new name.
     void show_corpus_name();
+    // The session's undo and redo, a command at a time.
+    History &history() { return history_; }
+    // "Undo", or "Redo": shows in the window where it happened. What works on a node is closed before, as the
+    // node may go; a syntax editor that is open forbids it.
+    void undo_or_redo(TreeWindow &window, bool undo);
     // "Quit": asks if there are unsaved changes. False: the user does not want to.
     bool quit();
 
@@ -72,6 +78,7 @@ class Workbench final : private ChangeListener {
     void changed(const Corpus &corpus, const Change &change) override;
 
     Corpus &corpus_;
+    History history_;
     Settings settings_;
     CurrentRun run_;
     std::unique_ptr<MainWindow> main_window_;

@@ -252,6 +252,33 @@ TEST(history, what_is_undone_after_a_save_is_unsaved) {
     EXPECT_EQ(c.unsaved_changes, 3);
 }
 
+TEST(history, of_a_step_amid_which_was_saved_only_the_first_part_is_unsaved_when_undone) {
+    TestCorpus c("( (S NN|a/cats VB|a/run) )");
+    History history(c);
+    {
+        const HistoryStep step(c, "Run");
+        c.tag("1", "b");
+        c.forget_edits();
+        c.tag("2", "b");
+    }
+    EXPECT_EQ(history.undo()->changes, 2);
+    EXPECT_EQ(c.text(), "(S NN|a/cats VB|a/run)");
+    EXPECT_TRUE(c.at("1")->changed() && !c.at("2")->changed());
+    EXPECT_EQ(c.unsaved_changes, 1);
+}
+
+TEST(history, nodes_that_come_back_after_a_save_are_unchanged) {
+    TestCorpus c("( (S NN|a/cats) )");
+    History history(c);
+    c.tag("1", "b");
+    replace_subtree(c, c.at("1"), "VB/run ");
+    c.forget_edits();
+    history.undo();
+    EXPECT_EQ(c.text(), "(S NN|b/cats)");
+    EXPECT_FALSE(c.at("1")->changed() || undo_last(c, c.at("1")));
+    EXPECT_EQ(c.unsaved_changes, 1);
+}
+
 TEST(history, a_proposal_goes_with_its_selections_and_leaves_those_made_by_hand) {
     TestCorpus c("* ( (S|s NN|a/cats) )\n( (S (X NN/cats) VB/run) )");
     History history(c);
@@ -274,6 +301,8 @@ TEST(history, forgets_the_oldest_steps_when_memory_is_short) {
     std::vector<std::string> states;
     for (int n = 0; n < 500; ++n) {
         states.push_back(saved(c));
+        const HistoryStep step(c, "Step");
+        if (n % 7 == 0) c.tag(".", "t"), c.forget_edits();
         if (n % 5)
             c.tag(".", "t" + std::to_string(n));
         else
