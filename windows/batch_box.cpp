@@ -61,7 +61,7 @@ void BatchBox::add_random_selection(int trees) {
     set_random(false);
 }
 
-void BatchBox::open(const QWidget &below) {
+void BatchBox::open_below(const QWidget &below) {
     recount();
     show_below(below);
     from_->take_focus();

@@ -24,7 +24,7 @@ class BatchBox final : public CommandWindow {
     // For a corpus of that many trees.
     BatchBox(TreeWindow &owner, int trees);
 
-    void open(const QWidget &below);
+    void open_below(const QWidget &below);
     // "Abort", Control-C: ends the run that goes on, and everything takes input again; also a second time.
     void stop();
 

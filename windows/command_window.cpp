@@ -187,7 +187,7 @@ void Requestor::ask_for(QLineEdit *field, std::function<void(const std::string &
     });
 }
 
-void Requestor::open(Node *node) {
+void Requestor::open_on(Node *node) {
     hide();
     node_ = node;
     field_->setFocus();

@@ -81,7 +81,7 @@ class Requestor final : public CommandWindow {
     void ask_for(QLineEdit *field, std::function<void(const std::string &text)> take);
     QLineEdit &field() { return *field_; }
     // Opens it where the last menu was.
-    void open(Node *node);
+    void open_on(Node *node);
     Node *node() const override { return node_; }
 
   private:

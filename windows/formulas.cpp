@@ -100,7 +100,7 @@ Requestor *new_predicate_requestor(TreeWindow &owner) {
 void ask_for_predicate(TreeWindow &window) {
     Requestor &requestor = *window.predicate_requestor;
     if (!window.predicate.is_null) requestor.field().setText(to_qstring(window.predicate.text));
-    requestor.open(nullptr);
+    requestor.open_on(nullptr);
 }
 
 }  // namespace brindle

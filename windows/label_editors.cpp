@@ -22,7 +22,7 @@ void open(Requestor &editor, Node &node, std::string_view text) {
     editor.set_title(node.syn()->view());
     editor.field().setText(to_qstring(text));
     editor.field().selectAll();
-    editor.open(&node);
+    editor.open_on(&node);
 }
 
 }  // namespace

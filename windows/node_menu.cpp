@@ -69,7 +69,7 @@ void fill_subtree_menu(QMenu &menu, TreeWindow &window, Node &node) {
     menu.addAction("Show expanded annotation", &menu, [&window, n] { show_expansion(window, *n); });
     menu.addAction("Expand annotations", &menu, [&window, n] { expand_annotations(window, *n); });
     menu.addAction("Evaluation predicate", &menu, [&window] { ask_for_predicate(window); });
-    menu.addAction("Export to LaTeX", &menu, [&window, n] { window.latex_requestor->open(n); });
+    menu.addAction("Export to LaTeX", &menu, [&window, n] { window.latex_requestor->open_on(n); });
 }
 
 void fill_preferences(QMenu &menu, TreeWindow &window) {
@@ -80,8 +80,8 @@ void fill_preferences(QMenu &menu, TreeWindow &window) {
     QMenu *sizes = menu.addMenu("font-size");
     for (const auto &[label, scale] : font_sizes)
         add_choice(*sizes, label, window.params().font_scale == scale,
-                   [&window, scale] { window.set_font_scale(scale); });
-    menu.addAction("tree-size", &menu, [&window] { window.size_controller->open(window.menu_place()); });
+                   [&window, scale = scale] { window.set_font_scale(scale); });
+    menu.addAction("tree-size", &menu, [&window] { window.size_controller->open_at(window.menu_place()); });
     QMenu *punctuation = menu.addMenu("punctuation");
     add_choice(*punctuation, "show it", window.shows_punctuation(),
                [&window] { window.show_punctuation(true); });

@@ -36,7 +36,7 @@ Selector::Selector(TreeWindow &owner, Kind kind) : CommandWindow(owner), kind_(k
     add_cancel();
 }
 
-bool Selector::open(Node &node) {
+bool Selector::open_on(Node &node) {
     hide();
     node_ = &node;
     tags_ = kind_ == Kind::word ? tags_of_word(corpus(), node) : tags_of_category(corpus(), node);
@@ -83,10 +83,10 @@ void Selector::search_for_it() {
 
 void offer_tags(TreeWindow &window, Node &node) {
     if (window.info_mode == InfoMode::lex && node.lex()) {
-        if (window.word_selector->open(node)) return;
+        if (window.word_selector->open_on(node)) return;
         window.info_mode = InfoMode::nonterm;
     }
-    if (!window.category_selector->open(node))
+    if (!window.category_selector->open_on(node))
         window.tell_at(&node, "This category has no annotations to select", false);
 }
 

@@ -16,7 +16,7 @@ class Selector final : public CommandWindow {
 
     // Offers the tags of the node's category or word, most frequent first, and shows itself. False: there are
     // none, nothing is shown.
-    bool open(Node &node);
+    bool open_on(Node &node);
     Node *node() const override { return node_; }
 
   protected:

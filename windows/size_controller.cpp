@@ -30,7 +30,7 @@ SizeController::SizeController(TreeWindow &owner) : CommandWindow(owner, "Tree S
     add_cancel();
 }
 
-void SizeController::open(QPoint place) {
+void SizeController::open_at(QPoint place) {
     hide();
     show_sizes();
     show_at(place);

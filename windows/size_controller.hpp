@@ -9,7 +9,7 @@ struct SizeSliders;
 class SizeController final : public CommandWindow {
   public:
     explicit SizeController(TreeWindow &owner);
-    void open(QPoint place);
+    void open_at(QPoint place);
     // Makes the sliders show the window's current sizes.
     void show_sizes();
 

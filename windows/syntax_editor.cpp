@@ -15,7 +15,7 @@ namespace brindle {
 void edit_syntax(TreeWindow &window, Node &node) {
     const bool is_tree_of_one = !node.dtrs() && !node.mother();
     if (is_tree_of_one || (node.dtrs() && node.dtrs()->selected()))
-        window.syntax_editor->open(node);
+        window.syntax_editor->open_on(node);
     else
         edit_category(window, node);
 }
@@ -61,7 +61,7 @@ bool SyntaxEditor::subtree_is_free(Node &top) {
     return true;
 }
 
-void SyntaxEditor::open(Node &top) {
+void SyntaxEditor::open_on(Node &top) {
     if (!subtree_is_free(top)) return;
     release_tree();
     top_ = &top;

@@ -15,7 +15,7 @@ class SyntaxEditor final : public CommandWindow {
     explicit SyntaxEditor(TreeWindow &owner);
 
     // Opens it on a subtree. Nothing but a notice happens while another window works on a node of it.
-    void open(Node &top);
+    void open_on(Node &top);
     // Takes its lock off the tree that it holds.
     void release_tree();
 

@@ -79,7 +79,7 @@ void TreeWindow::create_actions() {
     actions_.search = add_command("Search", "Searches and replaces labels", {QKeySequence::Find},
                                   [this] { search_box->show_below(*button_of(actions_.search)); });
     actions_.batch = add_command("Batch", "Works on many trees", {},
-                                 [this] { batch_box->open(*button_of(actions_.batch)); });
+                                 [this] { batch_box->open_below(*button_of(actions_.batch)); });
 }
 
 // A corpus of one tree has no buttons to turn pages, to search and to run a batch.
