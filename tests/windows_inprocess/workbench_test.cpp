@@ -52,6 +52,36 @@ TEST_F(WorkbenchTest, the_menu_of_nodes_works_on_the_selected_one) {
         EXPECT_NE(entry(window, {"Node", name}), nullptr) << name;
 }
 
+TEST_F(WorkbenchTest, commands_are_undone_and_redone_where_they_happened) {
+    TreeWindow &window = open();
+    const std::string before = corpus.text();
+    entry(window, {"Tree", "Check"})->trigger();
+    corpus.at("1")->select(true);
+    entry(window, {"Node", "clear", "this tree"})->trigger();
+    EXPECT_EQ(corpus.text(), "(S (NP NNP/John) (VP VBZ/sleeps))");
+    window.turn_to(2);
+    window.begin_copy(*corpus.at("1"));
+    window.tag_editor->open_on(corpus.at("1"));
+    Q_EMIT window.menuBar()->actions()[1]->menu()->aboutToShow();
+    EXPECT_NE(entry(window, {"Edit", "Undo Clear, tree 1"}), nullptr);
+    QTest::keyClick(&window.canvas(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(corpus.text(), before);
+    EXPECT_EQ(window.tree_number(), 0);
+    EXPECT_FALSE(window.tag_editor->isVisible() || bench.copy) << "its node might have gone";
+    EXPECT_EQ(window.property("footer").toString(), "Undone: Clear, tree 1");
+    QTest::keyClick(&window.canvas(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_TRUE(corpus.tree(0).checked);
+    QTest::keyClick(&window.canvas(), Qt::Key_Y, Qt::ControlModifier);
+    QTest::keyClick(&window.canvas(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(corpus.tree(0).checked);
+    EXPECT_EQ(corpus.text(), "(S (NP NNP/John) (VP VBZ/sleeps))");
+    corpus.tree(1).editing = true;
+    in_notice([](QDialog &) {});
+    QTest::keyClick(&window.canvas(), Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(corpus.text(), "(S (NP NNP/John) (VP VBZ/sleeps))");
+    corpus.tree(1).editing = false;
+}
+
 TEST_F(WorkbenchTest, what_is_remembered_comes_back_in_the_next_window) {
     TreeWindow &first = open();
     first.resize(411, 322);
