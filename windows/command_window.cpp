@@ -49,6 +49,13 @@ void CommandWindow::show_at(QPoint screen_place) {
         rows_->setSpacing(1);
         rows_->setContentsMargins(8, 6, 8, 6);
     }
+    // Where even that does not fit, smaller letters do.
+    while (layout()->sizeHint().height() + title_height > area.height() && font().pointSizeF() > 6) {
+        QFont smaller = font();
+        smaller.setPointSizeF(smaller.pointSizeF() - 0.5);
+        setFont(smaller);
+        layout()->activate();
+    }
     adjustSize();
     move(std::clamp(screen_place.x(), area.left(), std::max(area.left(), area.right() - width())),
          std::clamp(screen_place.y(), area.top(),
